@@ -1,0 +1,39 @@
+#include "engine/OutputRedirector.h"
+
+namespace orvane {
+namespace {
+
+PyObject* create(PyTypeObject* type, PyObject*, PyObject*) noexcept {
+    return pythonGuard([&] { return createObject<OutputRedirector>(*type).detach(); });
+}
+
+PyObject* write(PyObject* self, PyObject* arguments) noexcept {
+    return invokeMethod<&OutputRedirector::write>(self, arguments);
+}
+
+PyMethodDef methods[] = {
+    {"write", write, METH_VARARGS, nullptr},
+    {},
+};
+
+}  // namespace
+
+PyTypeObject outputRedirectorType = {
+    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0)
+    .tp_name = "capeopen_unit.OutputRedirector",
+    .tp_basicsize = sizeof(PyObjectOf<OutputRedirector>),
+    .tp_dealloc = destroy<OutputRedirector>,
+    .tp_flags = Py_TPFLAGS_DEFAULT,
+    .tp_doc = "Captures standard output for unit operation actions.",
+    .tp_methods = methods,
+    .tp_new = create,
+};
+
+PyRef OutputRedirector::write(PyObject* arguments) {
+    const char* utf8 = nullptr;
+    if (!PyArg_ParseTuple(arguments, "s:write", &utf8)) throw PythonErrorSet();
+    text += utf8;
+    return PyRef::share(Py_None);
+}
+
+}  // namespace orvane

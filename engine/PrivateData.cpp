@@ -1,0 +1,56 @@
+#include "engine/PrivateData.h"
+
+#include "engine/Conversion.h"
+#include "engine/PythonEntry.h"
+#include "engine/Traceback.h"
+#include "engine/UnitObject.h"
+
+#include <string>
+
+namespace orvane {
+namespace {
+
+/// Warns when the entry captured an error. The same words serve for storing and restoring.
+void warnOfErrors(PythonEntry& entry, ScriptedUnit& unit) {
+    const std::string errors = entry.takeErrors();
+    if (!errors.empty()) unit.warn("Error storing private_data: " + extractFailingLine(errors));
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> storePrivateData(ScriptedUnit& unit) {
+    PythonEntry entry;
+    std::vector<std::uint8_t> stored;
+    try {
+        const PyRef object = unit.unitObject();
+        const PyRef data = contentOf<UnitObject>(object.get()).privateData;
+        if (!PyDict_Check(data.get()) || PyDict_GET_SIZE(data.get()) > 0) {
+            const PyRef bytes =
+                PyRef::steal(PyObject_CallMethod(entry.engine().pickle(), "dumps", "O", data.get()));
+            char* begin = nullptr;
+            Py_ssize_t size = 0;
+            check(PyBytes_AsStringAndSize(bytes.get(), &begin, &size));
+            stored.assign(begin, begin + size);
+        }
+    } catch (const PythonErrorSet&) {
+        printError();
+    }
+    warnOfErrors(entry, unit);
+    return stored;
+}
+
+void restorePrivateData(std::span<const std::uint8_t> stored, ScriptedUnit& unit) {
+    PythonEntry entry;
+    try {
+        const PyRef object = unit.unitObject();
+        const PyRef data = PyRef::steal(PyObject_CallMethod(
+            entry.engine().pickle(), "loads", "y#", reinterpret_cast<const char*>(stored.data()),
+            static_cast<Py_ssize_t>(stored.size())));
+        contentOf<UnitObject>(object.get()).privateData = data;
+    } catch (const PythonErrorSet&) {
+        printError();
+    }
+    warnOfErrors(entry, unit);
+}
+
+}  // namespace orvane

@@ -1,0 +1,48 @@
+#include "engine/PythonEntry.h"
+
+#include "cobia/Error.h"
+
+namespace orvane {
+namespace {
+
+int depth = 0;  // of sessions within sessions; under the engine lock
+
+ScriptEngine& startedEngine() {
+    ScriptEngine& engine = scriptEngine();
+    if (!engine.startupError().empty()) throw COBIA::StringException(engine.startupError());
+    return engine;
+}
+
+void restore(const char* name, const PyRef& kept) noexcept {
+    if (PySys_SetObject(name, kept.get()) < 0) PyErr_Clear();
+}
+
+}  // namespace
+
+ScriptSession::ScriptSession() : engineLock_(engineLock()), engine_(startedEngine()) {
+    outerOutput_ = takeOutput();
+    outerErrors_ = takeErrors();
+    ++depth;
+}
+
+ScriptSession::~ScriptSession() {
+    // Outside of all sessions there is nobody to give texts back to.
+    if (--depth == 0) outerOutput_.clear(), outerErrors_.clear();
+    engine_.outputText() = std::move(outerOutput_);
+    engine_.errorText() = std::move(outerErrors_);
+}
+
+PythonEntry::PythonEntry() {
+    PyErr_Clear();
+    stdout_ = PyRef::share(PySys_GetObject("stdout"));
+    stderr_ = PyRef::share(PySys_GetObject("stderr"));
+    engine().captureOutput();
+}
+
+PythonEntry::~PythonEntry() {
+    PyErr_Clear();
+    restore("stdout", stdout_);
+    restore("stderr", stderr_);
+}
+
+}  // namespace orvane

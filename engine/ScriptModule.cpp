@@ -1,0 +1,51 @@
+#include "engine/ScriptModule.h"
+
+#include "cobia/Error.h"
+#include "engine/PythonEntry.h"
+#include "engine/Traceback.h"
+#include "platform/Files.h"
+
+namespace orvane {
+
+std::string ScriptModule::load(const std::string& file) {
+    PythonEntry entry;
+    try {
+        const std::string script = readFile(file);
+        create();
+        source_ = sourceOf(script);
+        const ShownSource shown(source_);
+        PyObject* dictionary = PyModule_GetDict(module_.get());
+        PyCompilerFlags flags = {.cf_flags = 0, .cf_feature_version = 14};
+        if (!PyRef::stealMaybe(PyRun_StringFlags(script.c_str(), Py_file_input, dictionary, dictionary, &flags)))
+            printError();
+    } catch (const PythonErrorSet&) {
+        printError();
+    } catch (const COBIA::StringException& unreadable) {
+        entry.engine().errorText() += std::string("Could not open file: ") + unreadable.what();
+    }
+    std::string errors = entry.takeErrors();
+    rewriteTraceback(errors);
+    return errors;
+}
+
+void ScriptModule::create() {
+    release();
+    module_ = PyRef::steal(PyModule_New(name_.c_str()));
+    check(PyModule_AddStringConstant(module_.get(), "__file__", ""));
+    check(PyDict_SetItemString(PyModule_GetDict(module_.get()), "__builtins__", PyEval_GetBuiltins()));
+    check(PyDict_SetItemString(PyImport_GetModuleDict(), name_.c_str(), module_.get()));
+}
+
+void ScriptModule::release() noexcept {
+    if (!module_) return;
+    if (PyDict_PopString(PyImport_GetModuleDict(), name_.c_str(), nullptr) < 0) PyErr_Clear();
+    module_ = PyRef();
+    source_ = PyRef();
+}
+
+void ScriptModule::abandon() noexcept {
+    module_.detach();
+    source_.detach();
+}
+
+}  // namespace orvane
