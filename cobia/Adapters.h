@@ -275,4 +275,20 @@ struct PersistAdapter : Adapter<Object, ICapePersist, PersistAdapter> {
     };
 };
 
+/// void reportNames(TextsOut); std::vector<std::string> reportTypes(name), reportLocales(name, type);
+/// bool checkReportSpec(name, type, locale); std::string generateReport(name, type, locale);
+/// void generateReportFile(name, type, locale, fileName), each text a std::string
+template <class Object>
+struct ReportAdapter : Adapter<Object, ICapeReport, ReportAdapter> {
+    static constexpr ICapeReport::Table table = {
+        .base = interfaceTable<ReportAdapter>,
+        .getReportNames = slot<ReportAdapter, "ICapeReport::ReportNames", &Object::reportNames>,
+        .ReportTypes = slot<ReportAdapter, "ICapeReport::ReportTypes", &Object::reportTypes>,
+        .ReportLocales = slot<ReportAdapter, "ICapeReport::ReportLocales", &Object::reportLocales>,
+        .CheckReportSpec = slot<ReportAdapter, "ICapeReport::CheckReportSpec", &Object::checkReportSpec>,
+        .GenerateReport = slot<ReportAdapter, "ICapeReport::GenerateReport", &Object::generateReport>,
+        .GenerateReportFile = slot<ReportAdapter, "ICapeReport::GenerateReportFile", &Object::generateReportFile>,
+    };
+};
+
 }  // namespace COBIA

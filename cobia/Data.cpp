@@ -107,6 +107,7 @@ const ICapeArrayValue::Table ValueArray::table = {
             if (!data) return CapeResult{nullPointer};
             return guarded([&] {
                 auto& array = self<ValueArray>(me);
+                while (array.values_.size() > size) array.values_.pop_back();
                 while (array.values_.size() < size) array.values_.emplace_back();
                 array.elements_.resize(size);
                 for (CapeSize i = 0; i < size; ++i) array.elements_[i] = array.values_[i].out();

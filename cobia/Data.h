@@ -171,7 +171,7 @@ private:
     ICapeValue out_{{this, &table}};
 };
 
-/// An array of values of ours, for the callee to fill.
+/// An array of values of ours, for the callee to fill. Elements that a resize adds are empty.
 class ValueArray {
 public:
     ValueArray() = default;
@@ -186,7 +186,7 @@ public:
 private:
     static const ICapeArrayValue::Table table;
 
-    std::deque<ValueObject> values_;  // never shrinks, and its elements never move
+    std::deque<ValueObject> values_;  // its elements never move
     std::vector<ICapeValue*> elements_;
     ICapeArrayValue out_{{{this, &table}}};
 };

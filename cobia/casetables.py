@@ -27,8 +27,11 @@ def lower(code):
 
 
 def upper(code):
-    text = chr(code).upper()
-    return ord(text) if len(text) == 1 else code
+    # Greek letters with an iota below: the full mapping writes the iota beside the letter, the title-case letter is one.
+    for text in chr(code).upper(), chr(code).title():
+        if len(text) == 1:
+            return ord(text)
+    return code
 
 
 def table(name, runs):

@@ -1,0 +1,18 @@
+// Whole files, read and written as bytes.
+// Not here: files that go away by themselves (TemporaryFile), and anything about line ends or encodings.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+/// The bytes of the file at a UTF-8 path. Throws COBIA::StringException with the path and the system's
+/// reason.
+std::string readFile(const std::string& path);
+
+/// Makes the file hold these bytes and no others. When this throws COBIA::StringException, with the path and
+/// the system's reason, the file may be cut short.
+void writeFile(const std::string& path, std::string_view bytes);
+
+}  // namespace orvane

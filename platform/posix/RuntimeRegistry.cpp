@@ -1,0 +1,26 @@
+#include "platform/RuntimeRegistry.h"
+
+#include "cobia/Error.h"
+#include "platform/Files.h"
+#include "platform/posix/RegistryFile.h"
+
+namespace orvane {
+
+std::vector<RuntimeRegistration> registeredRuntimes() {
+    std::vector<RuntimeRegistration> found;
+    for (const std::string& file : registryFiles(RegistryUser::current())) {
+        std::string text;
+        try {
+            text = readFile(file);
+        }
+        catch (const COBIA::StringException&) {
+            continue;  // most machines have no registry, and one that cannot be read is none
+        }
+        const auto folder = registryValue(text, runtimeKey, "default");
+        if (!folder || folder->empty()) continue;
+        found.push_back({*folder, parseVersion(registryValue(text, runtimeKey, "version").value_or(""))});
+    }
+    return found;
+}
+
+}  // namespace orvane
