@@ -1,0 +1,136 @@
+#include "unit/OrvaneOperation.h"
+
+#include "cobia/Call.h"
+#include "engine/PrivateData.h"
+#include "engine/PythonEntry.h"
+#include "engine/UnitObject.h"
+#include "platform/Files.h"
+#include "platform/Identifier.h"
+#include "unit/DefaultScript.h"
+#include "unit/ScriptingTypes.h"
+
+namespace orvane {
+
+using namespace COBIA;
+
+OrvaneOperation::OrvaneOperation()
+    : parameters_(makeObject<Collection<Parameter>>("Parameter")), ports_(makeObject<Collection<Port>>("Port")),
+      script_("unit" + randomIdentifier()) {
+    try {
+        scriptFile_.emplace();
+        writeFile(scriptFile_->path(), defaultScriptText());
+    } catch (const std::exception& error) {
+        scriptFileError_ = error.what();
+    }
+    setScriptingTypes(allScriptingTypes());
+    if (!scriptEngine().startupError().empty()) return;
+    const InterpreterLock lock;
+    unitObject_ = createObject<UnitObject>(unitType, static_cast<ScriptedUnit&>(*this));
+    callArguments_ = PyRef::steal(PyTuple_Pack(1, unitObject_.get()));
+}
+
+OrvaneOperation::~OrvaneOperation() {
+    for (const Ref<Port>& port : ports_->items()) port->disown();
+    for (const Ref<Parameter>& parameter : parameters_->items()) parameter->disown();
+    releaseWrappers();
+    if (!unitObject_ || !Py_IsInitialized()) {
+        // Without an interpreter there is nobody to give the references back to.
+        unitObject_.detach();
+        callArguments_.detach();
+        declared_.module.detach();
+        declaring_.module.detach();
+        script_.abandon();
+        return;
+    }
+    const InterpreterLock lock;
+    contentOf<UnitObject>(unitObject_.get()).disown();
+    script_.release();
+    for (PyRef* reference : {&callArguments_, &unitObject_, &declared_.module, &declaring_.module}) *reference = PyRef();
+}
+
+void OrvaneOperation::setName(const std::string& name) {
+    name_ = name;
+    modified_ = true;
+}
+
+void OrvaneOperation::setDescription(const std::string& description) {
+    description_ = description;
+    modified_ = true;
+}
+
+Ref<ICapeCollection> OrvaneOperation::portCollection() {
+    ensureConfigured();
+    return Ref<ICapeCollection>::share(ports_->as<ICapeCollection>());
+}
+
+Ref<ICapeCollection> OrvaneOperation::parameterCollection() {
+    ensureConfigured();
+    return Ref<ICapeCollection>::share(parameters_->as<ICapeCollection>());
+}
+
+void OrvaneOperation::setSimulationContext(ICapeSimulationContext* context) {
+    diagnostic_ = query<ICapeDiagnostic>(context);
+    contextValues_ = query<ICapeCOSEUtilities>(context);
+}
+
+void OrvaneOperation::terminate() {
+    diagnostic_ = nullptr;
+    contextValues_ = nullptr;
+}
+
+CapeEditResult OrvaneOperation::edit(CapeWindowId) { throw StringException("This unit operation has no editor"); }
+
+void OrvaneOperation::save(ICapePersistWriter* writer, bool) {
+    if (!writer) throw cape_open_error(nullPointer);
+    ensureConfigured();
+    UnitState state;
+    if (!scriptFile_) throw StringException(scriptFileError_);
+    state.script = readFile(scriptFile_->path());
+    state.lastOutput = lastOutput_;
+    state.runReportHeader = runReportHeader_;
+    state.runReportFooter = runReportFooter_;
+    for (const Ref<Parameter>& parameter : parameters_->items())
+        state.parameters.push_back({parameter->name(), parameter->storedValue()});
+    state.reports.assign(reports_.begin(), reports_.end());
+    state.images = declared_.images;
+    state.privateData = storePrivateData(*this);
+    writeState(writer, state);
+}
+
+void OrvaneOperation::load(ICapePersistReader* reader) {
+    if (!reader) throw cape_open_error(nullPointer);
+    std::vector<std::string> warnings;
+    UnitState state = readState(reader, warnings);
+    writeScript(state.script);
+
+    needsReload_ = needsConfigure_ = true;
+    lastOutput_ = std::move(state.lastOutput);
+    runReportHeader_ = std::move(state.runReportHeader);
+    runReportFooter_ = std::move(state.runReportFooter);
+    reports_.clear();
+    for (auto& [name, text] : state.reports) reports_[name] = std::move(text);
+    savedValues_.clear();
+    for (auto& [name, value] : state.parameters) savedValues_[name] = std::move(value);
+    invalidate();
+    modified_ = false;
+
+    const ScriptSession session;
+    if (!state.privateData.empty()) restorePrivateData(state.privateData, *this);
+    for (const std::string& warning : warnings) warn(warning);
+}
+
+void OrvaneOperation::writeScript(const std::string& script) {
+    if (!scriptFile_) throw StringException("unable to write python script to temp file");
+    try {
+        writeFile(scriptFile_->path(), script);
+    } catch (const StringException&) {
+        throw StringException("unable to write python script to temp file");
+    }
+}
+
+void OrvaneOperation::invalidate() {
+    validationStatus_ = CapeValidationStatus::notValidated;
+    modified_ = true;
+}
+
+}  // namespace orvane

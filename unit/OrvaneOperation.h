@@ -1,0 +1,172 @@
+// The unit operation as a host sees it: created with the default script, configured by the script's own declarations,
+// validated, calculated, saved and loaded. It owns the script, its module and its object `unit`, the ports and parameters,
+// and the texts of the last runs.
+// Not here: the rules of declarations (Declarations), what is saved under which name (UnitState), the checks on what is
+// connected (CompoundCheck), running the script (engine).
+// Threads: the host calls from one thread at a time; script work waits for that of all other units.
+#pragma once
+
+#include "cobia/Adapters.h"
+#include "engine/ScriptCalls.h"
+#include "platform/TemporaryFile.h"
+#include "unit/Collection.h"
+#include "unit/Declarations.h"
+#include "unit/UnitState.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace orvane {
+
+class OrvaneOperation final
+    : public COBIA::CapeOpenObject<OrvaneOperation, COBIA::IdentificationAdapter, COBIA::UnitAdapter,
+                                   COBIA::PersistAdapter, COBIA::UtilitiesAdapter, COBIA::ReportAdapter>,
+      private ScriptedUnit,
+      private PortOwner,
+      private ParameterOwner {
+public:
+    /// Makes the script file and starts the interpreter where that is still to do. What fails of either is told by
+    /// every later operation that needs it.
+    OrvaneOperation();
+
+    // ICapeIdentification
+
+    std::string name() const { return name_; }
+    void setName(const std::string& name);
+    std::string description() const { return description_; }
+    void setDescription(const std::string& description);
+
+    // ICapeUnit
+
+    COBIA::Ref<COBIA::ICapeCollection> portCollection();
+    COBIA::CapeValidationStatus validationStatus() const { return validationStatus_; }
+    COBIA::Verdict validate();
+    void calculate();
+
+    // ICapePersist
+
+    /// Never clears the modified flag, whatever the host asks for.
+    void save(COBIA::ICapePersistWriter* writer, bool clearDirty);
+    /// Takes nothing over unless all of it can be read.
+    void load(COBIA::ICapePersistReader* reader);
+    bool isDirty() const { return modified_; }
+
+    // ICapeUtilities
+
+    COBIA::Ref<COBIA::ICapeCollection> parameterCollection();
+    void setSimulationContext(COBIA::ICapeSimulationContext* context);
+    void initialize() {}
+    void terminate();
+    COBIA::CapeEditResult edit(COBIA::CapeWindowId parent);
+
+    // ICapeReport. An unknown name, type or locale: code 107.
+
+    /// The script's reports, the calculation report, the script's images.
+    void reportNames(COBIA::TextsOut names);
+    std::vector<std::string> reportTypes(const std::string& name);
+    std::vector<std::string> reportLocales(const std::string& name, const std::string& type);
+    bool checkReportSpec(const std::string& name, const std::string& type, const std::string& locale);
+    std::string generateReport(const std::string& name, const std::string& type, const std::string& locale);
+    /// A text in UTF-8 with its own line ends, or a PNG image drawn now.
+    void generateReportFile(const std::string& name, const std::string& type, const std::string& locale,
+                            const std::string& fileName);
+
+private:
+    enum class RunState { configuring = 0, calculating = 1, idle = 2 };
+    class RunStateScope;
+
+    ~OrvaneOperation() override;
+
+    std::string errorSource() const override { return description_; }
+
+    /// The configure step, where it has not run yet or the script has changed since; then the saved values come back.
+    void ensureConfigured();
+    /// Loads and runs Configure as far as needed. What it declared replaces the collections when all went well;
+    /// otherwise they stay as they were, and configureError_ says why.
+    void configure();
+    /// Runs Configure, and that of the module it named, if any.
+    CallTexts runConfigure();
+    /// The declared ports and parameters take the place of those before; one that was there already keeps its connection
+    /// or value, and hosts their reference to it.
+    void adoptDeclarations();
+    void restoreSavedValues();
+
+    /// Why the unit cannot calculate, or nothing.
+    std::optional<std::string> findFault();
+    /// True when the script's Calculate and all ports were content; otherwise scriptError_ says why.
+    bool run();
+    void runScript();
+    void finishPorts();
+    /// Adds what the run printed, and its error, to lastOutput_.
+    void collectOutput();
+
+    /// The text of a text report; nothing when the name is none.
+    std::optional<std::string> reportText(const std::string& name) const;
+    const Image* findImage(const std::string& name) const;
+    /// The PNG bytes that the script's function writes.
+    std::string drawImage(const Image& image);
+    /// A whole number that the simulation context gives under this name, or what is usual.
+    int contextValue(const char* name, int usual) const;
+
+    void invalidate();
+    void writeScript(const std::string& script);
+
+    // ScriptedUnit
+
+    void addPort(const PortDeclaration& port) override;
+    void addParameter(const ParameterDeclaration& parameter) override;
+    void addReport(const std::string& name) override;
+    void addImage(const std::string& name, const std::string& function) override;
+    void defineFrom(PyRef module) override;
+    void setAllowInconsistentCompounds(bool allow) override;
+    bool allowsInconsistentCompounds() const override;
+    const std::vector<double>* exponents(PyObject* dimension) const override;
+    PyRef functionModule() const override;
+    PyRef unitObject() const override { return unitObject_; }
+    PyRef callArguments() const override { return callArguments_; }
+    void fillPorts(PyObject* dictionary) override;
+    void fillParameters(PyObject* dictionary) override;
+    std::vector<std::string> declaredReports() const override { return declared_.reports; }
+    void setReports(std::vector<std::pair<std::string, std::string>> reports) override;
+    void writeBack(PyObject* ports, std::string& errors) override;
+    void releaseWrappers() noexcept override;
+    void warn(const std::string& text) override;
+
+    // PortOwner, ParameterOwner
+
+    void portChanged() override { invalidate(); }
+    void parameterChanged() override { invalidate(); }
+    void addHolder(HostObjectHolder& holder) override { holders_.push_back(&holder); }
+    void removeHolder(HostObjectHolder& holder) noexcept override { std::erase(holders_, &holder); }
+
+    std::string name_ = "Orvane Operation";
+    std::string description_ = "CAPE-OPEN Unit Operation using python script for calculations";
+    COBIA::Ref<Collection<Parameter>> parameters_;
+    COBIA::Ref<Collection<Port>> ports_;
+    COBIA::CapeValidationStatus validationStatus_ = COBIA::CapeValidationStatus::notValidated;
+    bool modified_ = false;  // since creation or the last Load, anything that Save stores
+    COBIA::Ref<COBIA::ICapeDiagnostic> diagnostic_;
+    COBIA::Ref<COBIA::ICapeCOSEUtilities> contextValues_;
+
+    std::optional<TemporaryFile> scriptFile_;
+    std::string scriptFileError_;  // why there is no script file
+    RunState runState_ = RunState::idle;
+    bool needsReload_ = true;
+    bool needsConfigure_ = true;
+    bool configured_ = false;  // once the first configure step has run
+    std::string configureError_, scriptOutput_, scriptError_;
+    std::string lastOutput_, runReportHeader_, runReportFooter_;
+
+    ScriptModule script_;
+    PyRef unitObject_, callArguments_;
+    Declarations declaring_;  // what the running Configure has declared so far
+    Declarations declared_;   // what the last successful one declared; ports and parameters are in the collections
+    std::map<std::string, std::string> reports_;                // text by upper-cased name
+    std::unordered_map<std::string, StoredValue> savedValues_;  // loaded, until Configure declares their parameters
+    std::vector<HostObjectHolder*> holders_;                    // alive, each with a hold on objects of the host
+};
+
+}  // namespace orvane
