@@ -1,0 +1,143 @@
+#include "package/Flash.h"
+
+#include "package/CaloricFlash.h"
+#include "package/PackageError.h"
+#include "package/PhaseSearch.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace orvane::package {
+namespace {
+
+// The compounds that are present in a feed, which is all that the solvers see of it.
+class Present {
+public:
+    Present(const PengRobinson& equation, std::span<const double> feed) : equation_(equation), feed_(feed) {
+        equation.checkComposition(feed);
+        double sum = 0;
+        for (std::size_t i = 0; i < feed.size(); ++i) {
+            if (feed[i] == 0) continue;
+            indices_[size_] = i;
+            fractions_[size_++] = feed[i];
+            sum += feed[i];
+        }
+        for (std::size_t k = 0; k < size_; ++k) fractions_[k] /= sum;
+        if (size_ < feed.size()) part_ = equation.parameters().subset({indices_.data(), size_});
+    }
+
+    const MixtureParameters& mixture() const { return part_ ? *part_ : equation_.parameters(); }
+    const double* feed() const { return fractions_.data(); }
+
+    std::vector<double> all(const CompoundArray& composition) const {
+        std::vector<double> result(feed_.size());
+        for (std::size_t k = 0; k < size_; ++k) result[indices_[k]] = composition[k];
+        return result;
+    }
+
+    /// "0.98 water, 0.02 methane": what makes up 99 % of it.
+    std::string describe(const CompoundArray& composition) const {
+        std::vector<std::size_t> order(size_);
+        for (std::size_t k = 0; k < size_; ++k) order[k] = k;
+        std::ranges::sort(order, std::greater{}, [&](std::size_t k) { return composition[k]; });
+        std::string text;
+        double left = 1;
+        for (std::size_t k : order) {
+            if (left < 0.01) break;
+            text += fmt::format("{}{:.3g} {}", text.empty() ? "" : ", ", composition[k],
+                                equation_.compounds()[indices_[k]].id);
+            left -= composition[k];
+        }
+        return text;
+    }
+
+    Equilibrium onePhase(double temperature, double pressure, PhaseKind kind) const {
+        return {.temperature = temperature,
+                .pressure = pressure,
+                .phases = {{.kind = kind, .fraction = 1, .composition = {feed_.begin(), feed_.end()}}},
+                .vaporFraction = kind == PhaseKind::vapor ? 1.0 : 0.0,
+                .warnings = {}};
+    }
+
+    Equilibrium twoPhases(double temperature, double pressure, const PhasePair& pair) const {
+        return {.temperature = temperature,
+                .pressure = pressure,
+                .phases = {{PhaseKind::vapor, pair.vaporAmount, all(pair.vaporComposition)},
+                           {PhaseKind::liquid, pair.liquidAmount, all(pair.liquidComposition)}},
+                .vaporFraction = pair.vaporAmount,
+                .warnings = {}};
+    }
+
+    /// Refuses two liquids without a vapour; warns of a liquid left out.
+    void noteLiquids(const PhaseSearch& search, Equilibrium& equilibrium) const {
+        if (search.liquidLiquid())
+            throw LiquidLiquidSplit(fmt::format(
+                "two liquids and no vapour at T = {} K, P = {} Pa, which a package of one liquid cannot express: {:.4g} "
+                "of the feed as {}; {:.4g} as {}",
+                equilibrium.temperature, equilibrium.pressure, search.pair().vaporAmount,
+                describe(search.pair().vaporComposition), search.pair().liquidAmount,
+                describe(search.pair().liquidComposition)));
+        if (search.secondLiquid())
+            equilibrium.warnings.push_back(
+                fmt::format("at T = {} K, P = {} Pa a second liquid would form ({}), which is left out",
+                            equilibrium.temperature, equilibrium.pressure,
+                            describe(search.secondLiquid()->composition)));
+    }
+
+private:
+    const PengRobinson& equation_;
+    std::span<const double> feed_;
+    std::size_t size_ = 0;
+    std::array<std::size_t, maxCompounds> indices_;
+    CompoundArray fractions_;
+    std::optional<MixtureParameters> part_;
+};
+
+Equilibrium caloric(const PengRobinson& equation, double pressure, CaloricQuantity quantity, double target,
+                    std::span<const double> feed) {
+    equation.checkPressure(pressure);
+    if (!std::isfinite(target))
+        throw PackageError(fmt::format("the {} must be a number, not {}",
+                                       quantity == CaloricQuantity::enthalpy ? "enthalpy" : "entropy", target));
+    const Present present(equation, feed);
+    CaloricFlash flash(present.mixture(), pressure, present.feed(), quantity, target);
+    flash.run();
+    auto result = flash.twoPhases() ? present.twoPhases(flash.temperature(), pressure, flash.pair())
+                                    : present.onePhase(flash.temperature(), pressure, flash.phases().singleKind());
+    result.iterations = flash.evaluations();
+    if (flash.twoPhases()) present.noteLiquids(flash.phases(), result);
+    return result;
+}
+
+} // namespace
+
+Flash::Flash(PengRobinson equation) : equation_(std::move(equation)) {}
+
+Equilibrium Flash::temperaturePressure(double temperature, double pressure, std::span<const double> feed) const {
+    equation_.checkTemperature(temperature);
+    equation_.checkPressure(pressure);
+    const Present present(equation_, feed);
+    const Isotherm isotherm(present.mixture(), temperature);
+    PhaseSearch search(isotherm, pressure, present.feed());
+    search.run();
+    auto result = search.twoPhases() ? present.twoPhases(temperature, pressure, search.pair())
+                                     : present.onePhase(temperature, pressure, search.singleKind());
+    result.iterations = search.evaluations();
+    if (search.twoPhases()) present.noteLiquids(search, result);
+    return result;
+}
+
+Equilibrium Flash::pressureEnthalpy(double pressure, double enthalpy, std::span<const double> feed) const {
+    return caloric(equation_, pressure, CaloricQuantity::enthalpy, enthalpy, feed);
+}
+
+Equilibrium Flash::pressureEntropy(double pressure, double entropy, std::span<const double> feed) const {
+    return caloric(equation_, pressure, CaloricQuantity::entropy, entropy, feed);
+}
+
+} // namespace orvane::package
