@@ -17,7 +17,7 @@ namespace {
 
 using namespace orvane::package;
 
-constexpr double twoPhaseLimit = 30e-6; // s, a flash at temperature and pressure
+constexpr double twoPhaseLimit = 30e-6;  // s, a flash at temperature and pressure
 constexpr double onePhaseLimit = 10e-6;
 constexpr double enthalpyLimit = 120e-6;
 
@@ -33,8 +33,8 @@ Case makeCase(std::initializer_list<std::string_view> ids, std::vector<double> f
 }
 
 const Case& naturalGas() {
-    static const Case made = makeCase({"nitrogen", "carbon-dioxide", "methane", "ethane", "propane", "isobutane",
-                                       "n-butane", "n-pentane", "n-hexane", "n-heptane"},
+    static const Case made = makeCase({"nitrogen", "carbon-dioxide", "methane", "ethane", "propane",
+                                       "isobutane", "n-butane", "n-pentane", "n-hexane", "n-heptane"},
                                       {.01, .02, .70, .10, .06, .02, .03, .02, .02, .02});
     return made;
 }
@@ -57,13 +57,15 @@ void measure(benchmark::State& state, double limit, std::size_t phases, FlashOnc
     state.counters["of limit"] = seconds / static_cast<double>(state.iterations()) / limit;
 }
 
-void temperaturePressure(benchmark::State& state, const Case& (*make)(), double T, double P, std::size_t phases) {
+void temperaturePressure(benchmark::State& state, const Case& (*make)(), double T, double P,
+                         std::size_t phases) {
     const Case& c = make();
     measure(state, phases == 2 ? twoPhaseLimit : onePhaseLimit, phases,
             [&] { return c.flash.temperaturePressure(T, P, c.feed); });
 }
 
-void pressureEnthalpy(benchmark::State& state, const Case& (*make)(), double T, double P, std::size_t phases) {
+void pressureEnthalpy(benchmark::State& state, const Case& (*make)(), double T, double P,
+                      std::size_t phases) {
     const Case& c = make();
     const double H = enthalpy(c.flash.equation(), c.flash.temperaturePressure(T, P, c.feed));
     measure(state, enthalpyLimit, phases, [&] { return c.flash.pressureEnthalpy(P, H, c.feed); });
@@ -79,4 +81,4 @@ BENCHMARK_CAPTURE(pressureEnthalpy, ten compounds two phases, naturalGas, 250.0,
 BENCHMARK_CAPTURE(pressureEnthalpy, ten compounds gas, naturalGas, 400.0, 3e6, 1);
 BENCHMARK_CAPTURE(pressureEnthalpy, three compounds two phases, lightEnds, 250.0, 2e6, 2);
 
-} // namespace
+}  // namespace

@@ -9,8 +9,7 @@
 namespace COBIA {
 
 /// The record of one offered interface; the adapter adds the table.
-template <class Object, class I, template <class> class Self>
-struct Adapter {
+template <class Object, class I, template <class> class Self> struct Adapter {
     using Offered = I;
     I offered{{{this, &Self<Object>::table}}};
 
@@ -25,15 +24,17 @@ struct IdentificationAdapter : Adapter<Object, ICapeIdentification, Identificati
     static constexpr ICapeIdentification::Table table = {
         .base = interfaceTable<IdentificationAdapter>,
         .getComponentName = slot<IdentificationAdapter, "ICapeIdentification::ComponentName", &Object::name>,
-        .putComponentName = slot<IdentificationAdapter, "ICapeIdentification::ComponentName", &Object::setName>,
-        .getComponentDescription = slot<IdentificationAdapter, "ICapeIdentification::ComponentDescription", &Object::description>,
-        .putComponentDescription = slot<IdentificationAdapter, "ICapeIdentification::ComponentDescription", &Object::setDescription>,
+        .putComponentName =
+            slot<IdentificationAdapter, "ICapeIdentification::ComponentName", &Object::setName>,
+        .getComponentDescription =
+            slot<IdentificationAdapter, "ICapeIdentification::ComponentDescription", &Object::description>,
+        .putComponentDescription =
+            slot<IdentificationAdapter, "ICapeIdentification::ComponentDescription", &Object::setDescription>,
     };
 };
 
 /// Ref<> itemByIndex(CapeInteger); Ref<> itemByName(std::string); CapeInteger count() const
-template <class Object>
-struct CollectionAdapter : Adapter<Object, ICapeCollection, CollectionAdapter> {
+template <class Object> struct CollectionAdapter : Adapter<Object, ICapeCollection, CollectionAdapter> {
     static constexpr ICapeCollection::Table table = {
         .base = interfaceTable<CollectionAdapter>,
         .ItemByIndex = slot<CollectionAdapter, "ICapeCollection::Item", &Object::itemByIndex>,
@@ -44,8 +45,7 @@ struct CollectionAdapter : Adapter<Object, ICapeCollection, CollectionAdapter> {
 
 /// CapeValidationStatus validationStatus() const; CapeParamMode mode() const; CapeParamType type() const;
 /// Verdict validate() ; void reset()
-template <class Object>
-struct ParameterAdapter : Adapter<Object, ICapeParameter, ParameterAdapter> {
+template <class Object> struct ParameterAdapter : Adapter<Object, ICapeParameter, ParameterAdapter> {
     static constexpr ICapeParameter::Table table = {
         .base = interfaceTable<ParameterAdapter>,
         .getValStatus = slot<ParameterAdapter, "ICapeParameter::ValStatus", &Object::validationStatus>,
@@ -58,7 +58,8 @@ struct ParameterAdapter : Adapter<Object, ICapeParameter, ParameterAdapter> {
 
 /// CapeParamType type() const
 template <class Object>
-struct ParameterSpecificationAdapter : Adapter<Object, ICapeParameterSpecification, ParameterSpecificationAdapter> {
+struct ParameterSpecificationAdapter
+    : Adapter<Object, ICapeParameterSpecification, ParameterSpecificationAdapter> {
     static constexpr ICapeParameterSpecification::Table table = {
         .base = interfaceTable<ParameterSpecificationAdapter>,
         .getType = slot<ParameterSpecificationAdapter, "ICapeParameter::Type", &Object::type>,
@@ -73,24 +74,32 @@ struct RealParameterAdapter : Adapter<Object, ICapeRealParameter, RealParameterA
         .base = interfaceTable<RealParameterAdapter>,
         .getValue = slot<RealParameterAdapter, "ICapeRealParameter::Value", &Object::value>,
         .putValue = slot<RealParameterAdapter, "ICapeRealParameter::Value", &Object::setValue>,
-        .getDefaultValue = slot<RealParameterAdapter, "ICapeRealParameter::DefaultValue", &Object::defaultValue>,
+        .getDefaultValue =
+            slot<RealParameterAdapter, "ICapeRealParameter::DefaultValue", &Object::defaultValue>,
         .getLowerBound = slot<RealParameterAdapter, "ICapeRealParameter::LowerBound", &Object::lowerBound>,
         .getUpperBound = slot<RealParameterAdapter, "ICapeRealParameter::UpperBound", &Object::upperBound>,
-        .getDimensionality = slot<RealParameterAdapter, "ICapeRealParameter::Dimensionality", &Object::dimensionality>,
+        .getDimensionality =
+            slot<RealParameterAdapter, "ICapeRealParameter::Dimensionality", &Object::dimensionality>,
         .Validate = slot<RealParameterAdapter, "ICapeRealParameter::Validate", &Object::validateValue>,
     };
 };
 
 /// As RealParameterAdapter, without the value.
 template <class Object>
-struct RealParameterSpecificationAdapter : Adapter<Object, ICapeRealParameterSpecification, RealParameterSpecificationAdapter> {
+struct RealParameterSpecificationAdapter
+    : Adapter<Object, ICapeRealParameterSpecification, RealParameterSpecificationAdapter> {
     static constexpr ICapeRealParameterSpecification::Table table = {
         .base = interfaceTable<RealParameterSpecificationAdapter>,
-        .getDefaultValue = slot<RealParameterSpecificationAdapter, "ICapeRealParameterSpecification::DefaultValue", &Object::defaultValue>,
-        .getLowerBound = slot<RealParameterSpecificationAdapter, "ICapeRealParameterSpecification::LowerBound", &Object::lowerBound>,
-        .getUpperBound = slot<RealParameterSpecificationAdapter, "ICapeRealParameterSpecification::UpperBound", &Object::upperBound>,
-        .getDimensionality = slot<RealParameterSpecificationAdapter, "ICapeRealParameterSpecification::Dimensionality", &Object::dimensionality>,
-        .Validate = slot<RealParameterSpecificationAdapter, "ICapeRealParameterSpecification::Validate", &Object::validateValue>,
+        .getDefaultValue = slot<RealParameterSpecificationAdapter,
+                                "ICapeRealParameterSpecification::DefaultValue", &Object::defaultValue>,
+        .getLowerBound = slot<RealParameterSpecificationAdapter,
+                              "ICapeRealParameterSpecification::LowerBound", &Object::lowerBound>,
+        .getUpperBound = slot<RealParameterSpecificationAdapter,
+                              "ICapeRealParameterSpecification::UpperBound", &Object::upperBound>,
+        .getDimensionality = slot<RealParameterSpecificationAdapter,
+                                  "ICapeRealParameterSpecification::Dimensionality", &Object::dimensionality>,
+        .Validate = slot<RealParameterSpecificationAdapter, "ICapeRealParameterSpecification::Validate",
+                         &Object::validateValue>,
     };
 };
 
@@ -101,22 +110,30 @@ struct IntegerParameterAdapter : Adapter<Object, ICapeIntegerParameter, IntegerP
         .base = interfaceTable<IntegerParameterAdapter>,
         .getValue = slot<IntegerParameterAdapter, "ICapeIntegerParameter::Value", &Object::value>,
         .putValue = slot<IntegerParameterAdapter, "ICapeIntegerParameter::Value", &Object::setValue>,
-        .getDefaultValue = slot<IntegerParameterAdapter, "ICapeIntegerParameter::DefaultValue", &Object::defaultValue>,
-        .getLowerBound = slot<IntegerParameterAdapter, "ICapeIntegerParameter::LowerBound", &Object::lowerBound>,
-        .getUpperBound = slot<IntegerParameterAdapter, "ICapeIntegerParameter::UpperBound", &Object::upperBound>,
+        .getDefaultValue =
+            slot<IntegerParameterAdapter, "ICapeIntegerParameter::DefaultValue", &Object::defaultValue>,
+        .getLowerBound =
+            slot<IntegerParameterAdapter, "ICapeIntegerParameter::LowerBound", &Object::lowerBound>,
+        .getUpperBound =
+            slot<IntegerParameterAdapter, "ICapeIntegerParameter::UpperBound", &Object::upperBound>,
         .Validate = slot<IntegerParameterAdapter, "ICapeIntegerParameter::Validate", &Object::validateValue>,
     };
 };
 
 /// As IntegerParameterAdapter, without the value.
 template <class Object>
-struct IntegerParameterSpecificationAdapter : Adapter<Object, ICapeIntegerParameterSpecification, IntegerParameterSpecificationAdapter> {
+struct IntegerParameterSpecificationAdapter
+    : Adapter<Object, ICapeIntegerParameterSpecification, IntegerParameterSpecificationAdapter> {
     static constexpr ICapeIntegerParameterSpecification::Table table = {
         .base = interfaceTable<IntegerParameterSpecificationAdapter>,
-        .getDefaultValue = slot<IntegerParameterSpecificationAdapter, "ICapeIntegerParameterSpecification::DefaultValue", &Object::defaultValue>,
-        .getLowerBound = slot<IntegerParameterSpecificationAdapter, "ICapeIntegerParameterSpecification::LowerBound", &Object::lowerBound>,
-        .getUpperBound = slot<IntegerParameterSpecificationAdapter, "ICapeIntegerParameterSpecification::UpperBound", &Object::upperBound>,
-        .Validate = slot<IntegerParameterSpecificationAdapter, "ICapeIntegerParameterSpecification::Validate", &Object::validateValue>,
+        .getDefaultValue = slot<IntegerParameterSpecificationAdapter,
+                                "ICapeIntegerParameterSpecification::DefaultValue", &Object::defaultValue>,
+        .getLowerBound = slot<IntegerParameterSpecificationAdapter,
+                              "ICapeIntegerParameterSpecification::LowerBound", &Object::lowerBound>,
+        .getUpperBound = slot<IntegerParameterSpecificationAdapter,
+                              "ICapeIntegerParameterSpecification::UpperBound", &Object::upperBound>,
+        .Validate = slot<IntegerParameterSpecificationAdapter, "ICapeIntegerParameterSpecification::Validate",
+                         &Object::validateValue>,
     };
 };
 
@@ -129,22 +146,31 @@ struct StringParameterAdapter : Adapter<Object, ICapeStringParameter, StringPara
         .base = interfaceTable<StringParameterAdapter>,
         .getValue = slot<StringParameterAdapter, "ICapeStringParameter::Value", &Object::value>,
         .putValue = slot<StringParameterAdapter, "ICapeStringParameter::Value", &Object::setValue>,
-        .getDefaultValue = slot<StringParameterAdapter, "ICapeStringParameter::DefaultValue", &Object::defaultValue>,
-        .getOptionList = slot<StringParameterAdapter, "ICapeStringParameter::OptionList", &Object::optionList>,
-        .getRestrictedToList = slot<StringParameterAdapter, "ICapeStringParameter::RestrictedToList", &Object::restrictedToList>,
+        .getDefaultValue =
+            slot<StringParameterAdapter, "ICapeStringParameter::DefaultValue", &Object::defaultValue>,
+        .getOptionList =
+            slot<StringParameterAdapter, "ICapeStringParameter::OptionList", &Object::optionList>,
+        .getRestrictedToList =
+            slot<StringParameterAdapter, "ICapeStringParameter::RestrictedToList", &Object::restrictedToList>,
         .Validate = slot<StringParameterAdapter, "ICapeStringParameter::Validate", &Object::validateValue>,
     };
 };
 
 /// As StringParameterAdapter, without the value.
 template <class Object>
-struct StringParameterSpecificationAdapter : Adapter<Object, ICapeStringParameterSpecification, StringParameterSpecificationAdapter> {
+struct StringParameterSpecificationAdapter
+    : Adapter<Object, ICapeStringParameterSpecification, StringParameterSpecificationAdapter> {
     static constexpr ICapeStringParameterSpecification::Table table = {
         .base = interfaceTable<StringParameterSpecificationAdapter>,
-        .getDefaultValue = slot<StringParameterSpecificationAdapter, "ICapeStringParameterSpecification::DefaultValue", &Object::defaultValue>,
-        .getOptionList = slot<StringParameterSpecificationAdapter, "ICapeStringParameterSpecification::OptionList", &Object::optionList>,
-        .getRestrictedToList = slot<StringParameterSpecificationAdapter, "ICapeStringParameterSpecification::RestrictedToList", &Object::restrictedToList>,
-        .Validate = slot<StringParameterSpecificationAdapter, "ICapeStringParameterSpecification::Validate", &Object::validateValue>,
+        .getDefaultValue = slot<StringParameterSpecificationAdapter,
+                                "ICapeStringParameterSpecification::DefaultValue", &Object::defaultValue>,
+        .getOptionList = slot<StringParameterSpecificationAdapter,
+                              "ICapeStringParameterSpecification::OptionList", &Object::optionList>,
+        .getRestrictedToList =
+            slot<StringParameterSpecificationAdapter, "ICapeStringParameterSpecification::RestrictedToList",
+                 &Object::restrictedToList>,
+        .Validate = slot<StringParameterSpecificationAdapter, "ICapeStringParameterSpecification::Validate",
+                         &Object::validateValue>,
     };
 };
 
@@ -155,18 +181,22 @@ struct BooleanParameterAdapter : Adapter<Object, ICapeBooleanParameter, BooleanP
         .base = interfaceTable<BooleanParameterAdapter>,
         .getValue = slot<BooleanParameterAdapter, "ICapeBooleanParameter::Value", &Object::value>,
         .putValue = slot<BooleanParameterAdapter, "ICapeBooleanParameter::Value", &Object::setValue>,
-        .getDefaultValue = slot<BooleanParameterAdapter, "ICapeBooleanParameter::DefaultValue", &Object::defaultValue>,
+        .getDefaultValue =
+            slot<BooleanParameterAdapter, "ICapeBooleanParameter::DefaultValue", &Object::defaultValue>,
         .Validate = slot<BooleanParameterAdapter, "ICapeBooleanParameter::Validate", &Object::validateValue>,
     };
 };
 
 /// As BooleanParameterAdapter, without the value.
 template <class Object>
-struct BooleanParameterSpecificationAdapter : Adapter<Object, ICapeBooleanParameterSpecification, BooleanParameterSpecificationAdapter> {
+struct BooleanParameterSpecificationAdapter
+    : Adapter<Object, ICapeBooleanParameterSpecification, BooleanParameterSpecificationAdapter> {
     static constexpr ICapeBooleanParameterSpecification::Table table = {
         .base = interfaceTable<BooleanParameterSpecificationAdapter>,
-        .getDefaultValue = slot<BooleanParameterSpecificationAdapter, "ICapeBooleanParameterSpecification::DefaultValue", &Object::defaultValue>,
-        .Validate = slot<BooleanParameterSpecificationAdapter, "ICapeBooleanParameterSpecification::Validate", &Object::validateValue>,
+        .getDefaultValue = slot<BooleanParameterSpecificationAdapter,
+                                "ICapeBooleanParameterSpecification::DefaultValue", &Object::defaultValue>,
+        .Validate = slot<BooleanParameterSpecificationAdapter, "ICapeBooleanParameterSpecification::Validate",
+                         &Object::validateValue>,
     };
 };
 
@@ -175,18 +205,22 @@ template <class Object>
 struct ArrayParameterAdapter : Adapter<Object, ICapeArrayParameter, ArrayParameterAdapter> {
     static constexpr ICapeArrayParameter::Table table = {
         .base = interfaceTable<ArrayParameterAdapter>,
-        .getNumDimensions = slot<ArrayParameterAdapter, "ICapeArrayParameter::NumDimensions", &Object::numDimensions>,
+        .getNumDimensions =
+            slot<ArrayParameterAdapter, "ICapeArrayParameter::NumDimensions", &Object::numDimensions>,
         .getSize = slot<ArrayParameterAdapter, "ICapeArrayParameter::Size", &Object::size>,
     };
 };
 
 /// As ArrayParameterAdapter.
 template <class Object>
-struct ArrayParameterSpecificationAdapter : Adapter<Object, ICapeArrayParameterSpecification, ArrayParameterSpecificationAdapter> {
+struct ArrayParameterSpecificationAdapter
+    : Adapter<Object, ICapeArrayParameterSpecification, ArrayParameterSpecificationAdapter> {
     static constexpr ICapeArrayParameterSpecification::Table table = {
         .base = interfaceTable<ArrayParameterSpecificationAdapter>,
-        .getNumDimensions = slot<ArrayParameterSpecificationAdapter, "ICapeArrayParameterSpecification::NumDimensions", &Object::numDimensions>,
-        .getSize = slot<ArrayParameterSpecificationAdapter, "ICapeArrayParameterSpecification::Size", &Object::size>,
+        .getNumDimensions = slot<ArrayParameterSpecificationAdapter,
+                                 "ICapeArrayParameterSpecification::NumDimensions", &Object::numDimensions>,
+        .getSize =
+            slot<ArrayParameterSpecificationAdapter, "ICapeArrayParameterSpecification::Size", &Object::size>,
     };
 };
 
@@ -199,39 +233,56 @@ struct ArrayRealParameterAdapter : Adapter<Object, ICapeArrayRealParameter, Arra
         .base = interfaceTable<ArrayRealParameterAdapter>,
         .getValue = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::Value", &Object::value>,
         .putValue = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::Value", &Object::setValue>,
-        .GetElementValue = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::GetElementValue", &Object::elementValue>,
-        .SetElementValue = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::SetElementValue", &Object::setElementValue>,
-        .getDefaultValue = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::DefaultValue", &Object::defaultValue>,
-        .getLowerBound = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::LowerBound", &Object::lowerBound>,
-        .getUpperBound = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::UpperBound", &Object::upperBound>,
-        .getDimensionality = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::Dimensionality", &Object::dimensionality>,
-        .ValidateElement = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::ValidateElement", &Object::validateElement>,
-        .Validate = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::Validate", &Object::validateValue>,
+        .GetElementValue = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::GetElementValue",
+                                &Object::elementValue>,
+        .SetElementValue = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::SetElementValue",
+                                &Object::setElementValue>,
+        .getDefaultValue =
+            slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::DefaultValue", &Object::defaultValue>,
+        .getLowerBound =
+            slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::LowerBound", &Object::lowerBound>,
+        .getUpperBound =
+            slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::UpperBound", &Object::upperBound>,
+        .getDimensionality = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::Dimensionality",
+                                  &Object::dimensionality>,
+        .ValidateElement = slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::ValidateElement",
+                                &Object::validateElement>,
+        .Validate =
+            slot<ArrayRealParameterAdapter, "ICapeArrayRealParameter::Validate", &Object::validateValue>,
     };
 };
 
 /// As ArrayRealParameterAdapter, without the value and its elements.
 template <class Object>
-struct ArrayRealParameterSpecificationAdapter : Adapter<Object, ICapeArrayRealParameterSpecification, ArrayRealParameterSpecificationAdapter> {
+struct ArrayRealParameterSpecificationAdapter
+    : Adapter<Object, ICapeArrayRealParameterSpecification, ArrayRealParameterSpecificationAdapter> {
     static constexpr ICapeArrayRealParameterSpecification::Table table = {
         .base = interfaceTable<ArrayRealParameterSpecificationAdapter>,
-        .getDefaultValue = slot<ArrayRealParameterSpecificationAdapter, "ICapeArrayRealParameterSpecification::DefaultValue", &Object::defaultValue>,
-        .getLowerBound = slot<ArrayRealParameterSpecificationAdapter, "ICapeArrayRealParameterSpecification::LowerBound", &Object::lowerBound>,
-        .getUpperBound = slot<ArrayRealParameterSpecificationAdapter, "ICapeArrayRealParameterSpecification::UpperBound", &Object::upperBound>,
-        .getDimensionality = slot<ArrayRealParameterSpecificationAdapter, "ICapeArrayRealParameterSpecification::Dimensionality", &Object::dimensionality>,
-        .ValidateElement = slot<ArrayRealParameterSpecificationAdapter, "ICapeArrayRealParameterSpecification::ValidateElement", &Object::validateElement>,
-        .Validate = slot<ArrayRealParameterSpecificationAdapter, "ICapeArrayRealParameterSpecification::Validate", &Object::validateValue>,
+        .getDefaultValue = slot<ArrayRealParameterSpecificationAdapter,
+                                "ICapeArrayRealParameterSpecification::DefaultValue", &Object::defaultValue>,
+        .getLowerBound = slot<ArrayRealParameterSpecificationAdapter,
+                              "ICapeArrayRealParameterSpecification::LowerBound", &Object::lowerBound>,
+        .getUpperBound = slot<ArrayRealParameterSpecificationAdapter,
+                              "ICapeArrayRealParameterSpecification::UpperBound", &Object::upperBound>,
+        .getDimensionality =
+            slot<ArrayRealParameterSpecificationAdapter,
+                 "ICapeArrayRealParameterSpecification::Dimensionality", &Object::dimensionality>,
+        .ValidateElement =
+            slot<ArrayRealParameterSpecificationAdapter,
+                 "ICapeArrayRealParameterSpecification::ValidateElement", &Object::validateElement>,
+        .Validate = slot<ArrayRealParameterSpecificationAdapter,
+                         "ICapeArrayRealParameterSpecification::Validate", &Object::validateValue>,
     };
 };
 
 /// Ref<> parameterCollection(); void setSimulationContext(ICapeSimulationContext*); void initialize(); void terminate();
 /// CapeEditResult edit(CapeWindowId)
-template <class Object>
-struct UtilitiesAdapter : Adapter<Object, ICapeUtilities, UtilitiesAdapter> {
+template <class Object> struct UtilitiesAdapter : Adapter<Object, ICapeUtilities, UtilitiesAdapter> {
     static constexpr ICapeUtilities::Table table = {
         .base = interfaceTable<UtilitiesAdapter>,
         .getParameters = slot<UtilitiesAdapter, "ICapeUtilities::Parameters", &Object::parameterCollection>,
-        .putSimulationContext = slot<UtilitiesAdapter, "ICapeUtilities::SimulationContext", &Object::setSimulationContext>,
+        .putSimulationContext =
+            slot<UtilitiesAdapter, "ICapeUtilities::SimulationContext", &Object::setSimulationContext>,
         .Initialize = slot<UtilitiesAdapter, "ICapeUtilities::Initialize", &Object::initialize>,
         .Terminate = slot<UtilitiesAdapter, "ICapeUtilities::Terminate", &Object::terminate>,
         .Edit = slot<UtilitiesAdapter, "ICapeUtilities::Edit", &Object::edit>,
@@ -239,8 +290,7 @@ struct UtilitiesAdapter : Adapter<Object, ICapeUtilities, UtilitiesAdapter> {
 };
 
 /// Ref<> portCollection(); CapeValidationStatus validationStatus() const; void calculate(); Verdict validate()
-template <class Object>
-struct UnitAdapter : Adapter<Object, ICapeUnit, UnitAdapter> {
+template <class Object> struct UnitAdapter : Adapter<Object, ICapeUnit, UnitAdapter> {
     static constexpr ICapeUnit::Table table = {
         .base = interfaceTable<UnitAdapter>,
         .ports = slot<UnitAdapter, "ICapeUnit::ports", &Object::portCollection>,
@@ -252,21 +302,20 @@ struct UnitAdapter : Adapter<Object, ICapeUnit, UnitAdapter> {
 
 /// CapePortType portType() const; CapePortDirection portDirection() const; Ref<> connectedObject();
 /// void connect(ICapeInterface*); void disconnect()
-template <class Object>
-struct UnitPortAdapter : Adapter<Object, ICapeUnitPort, UnitPortAdapter> {
+template <class Object> struct UnitPortAdapter : Adapter<Object, ICapeUnitPort, UnitPortAdapter> {
     static constexpr ICapeUnitPort::Table table = {
         .base = interfaceTable<UnitPortAdapter>,
         .getPortType = slot<UnitPortAdapter, "ICapeUnitPort::PortType", &Object::portType>,
         .getDirection = slot<UnitPortAdapter, "ICapeUnitPort::Direction", &Object::portDirection>,
-        .getConnectedObject = slot<UnitPortAdapter, "ICapeUnitPort::ConnectedObject", &Object::connectedObject>,
+        .getConnectedObject =
+            slot<UnitPortAdapter, "ICapeUnitPort::ConnectedObject", &Object::connectedObject>,
         .Connect = slot<UnitPortAdapter, "ICapeUnitPort::Connect", &Object::connect>,
         .Disconnect = slot<UnitPortAdapter, "ICapeUnitPort::Disconnect", &Object::disconnect>,
     };
 };
 
 /// void save(ICapePersistWriter*, bool clearDirty); void load(ICapePersistReader*); bool isDirty() const
-template <class Object>
-struct PersistAdapter : Adapter<Object, ICapePersist, PersistAdapter> {
+template <class Object> struct PersistAdapter : Adapter<Object, ICapePersist, PersistAdapter> {
     static constexpr ICapePersist::Table table = {
         .base = interfaceTable<PersistAdapter>,
         .Save = slot<PersistAdapter, "ICapePersist::Save", &Object::save>,
@@ -278,8 +327,7 @@ struct PersistAdapter : Adapter<Object, ICapePersist, PersistAdapter> {
 /// void reportNames(TextsOut); std::vector<std::string> reportTypes(name), reportLocales(name, type);
 /// bool checkReportSpec(name, type, locale); std::string generateReport(name, type, locale);
 /// void generateReportFile(name, type, locale, fileName), each text a std::string
-template <class Object>
-struct ReportAdapter : Adapter<Object, ICapeReport, ReportAdapter> {
+template <class Object> struct ReportAdapter : Adapter<Object, ICapeReport, ReportAdapter> {
     static constexpr ICapeReport::Table table = {
         .base = interfaceTable<ReportAdapter>,
         .getReportNames = slot<ReportAdapter, "ICapeReport::ReportNames", &Object::reportNames>,
@@ -287,7 +335,8 @@ struct ReportAdapter : Adapter<Object, ICapeReport, ReportAdapter> {
         .ReportLocales = slot<ReportAdapter, "ICapeReport::ReportLocales", &Object::reportLocales>,
         .CheckReportSpec = slot<ReportAdapter, "ICapeReport::CheckReportSpec", &Object::checkReportSpec>,
         .GenerateReport = slot<ReportAdapter, "ICapeReport::GenerateReport", &Object::generateReport>,
-        .GenerateReportFile = slot<ReportAdapter, "ICapeReport::GenerateReportFile", &Object::generateReportFile>,
+        .GenerateReportFile =
+            slot<ReportAdapter, "ICapeReport::GenerateReportFile", &Object::generateReportFile>,
     };
 };
 

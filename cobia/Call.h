@@ -10,8 +10,7 @@ namespace COBIA {
 
 /// Calls a slot: `call<&ICapeUnit::Table::Calculate>(unit)`. A null interface throws cape_open_error with code 103, any
 /// other failure one with the code and the interface's own error object.
-template <auto slot, Interface I, class... Arguments>
-void call(I* object, Arguments... arguments) {
+template <auto slot, Interface I, class... Arguments> void call(I* object, Arguments... arguments) {
     if (!object) throw cape_open_error(nullPointer);
     const auto* table = static_cast<const typename I::Table*>(object->vTbl);
     if (const CapeResult code = (table->*slot)(object->me, arguments...)) throw cape_open_error(code, object);
@@ -31,8 +30,7 @@ Ref<Given> obtain(I* object, Arguments... arguments) {
 }
 
 /// Asks an object for another of its interfaces; empty when it has none.
-template <Interface Wanted>
-Ref<Wanted> query(ICapeInterface* object) noexcept {
+template <Interface Wanted> Ref<Wanted> query(ICapeInterface* object) noexcept {
     if (!object) return nullptr;
     ICapeInterface* found = nullptr;
     const auto* table = static_cast<const ICapeInterface::Table*>(object->vTbl);
@@ -40,14 +38,12 @@ Ref<Wanted> query(ICapeInterface* object) noexcept {
     return Ref<Wanted>::adopt(static_cast<Wanted*>(found));
 }
 
-template <Interface Wanted, Interface I>
-Ref<Wanted> query(const Ref<I>& object) noexcept {
+template <Interface Wanted, Interface I> Ref<Wanted> query(const Ref<I>& object) noexcept {
     return query<Wanted>(object.get());
 }
 
 /// A slot that gives a text, as UTF-8.
-template <auto slot, Interface I, class... Arguments>
-std::string text(I* object, Arguments... arguments) {
+template <auto slot, Interface I, class... Arguments> std::string text(I* object, Arguments... arguments) {
     StringObject result;
     call<slot>(object, arguments..., result.out());
     return result.utf8();

@@ -7,19 +7,17 @@
 namespace COBIA {
 namespace {
 
-template <class Object>
-Object& self(void* me) noexcept {
-    return *static_cast<Object*>(me);
-}
+template <class Object> Object& self(void* me) noexcept { return *static_cast<Object*>(me); }
 
 /// What runs inside a slot of a data object: only memory can fail there.
-template <class Body>
-CapeResult guarded(Body&& body) noexcept {
+template <class Body> CapeResult guarded(Body&& body) noexcept {
     try {
         return body();
-    } catch (const std::bad_alloc&) {
+    }
+    catch (const std::bad_alloc&) {
         return outOfMemory;
-    } catch (...) {
+    }
+    catch (...) {
         return unknownFailure;
     }
 }
@@ -39,15 +37,13 @@ CapeResult setText(void* me, const CapeCharacter* data, CapeSize size) noexcept 
 
 CapeResult denyText(void*, const CapeCharacter*, CapeSize) noexcept { return denied; }
 
-template <class I>
-void getArray(void* me, typename I::Element** data, CapeSize* size) noexcept {
+template <class I> void getArray(void* me, typename I::Element** data, CapeSize* size) noexcept {
     const auto values = self<ArrayObject<I>>(me).view();
     *data = const_cast<typename I::Element*>(values.data());
     *size = static_cast<CapeSize>(values.size());
 }
 
-template <class I>
-CapeResult setArraySize(void* me, CapeSize size, typename I::Element** data) noexcept {
+template <class I> CapeResult setArraySize(void* me, CapeSize size, typename I::Element** data) noexcept {
     if (!data) return nullPointer;
     return guarded([&] {
         *data = self<ArrayObject<I>>(me).resize(size).data();
@@ -55,10 +51,7 @@ CapeResult setArraySize(void* me, CapeSize size, typename I::Element** data) noe
     });
 }
 
-template <class Element>
-CapeResult denySize(void*, CapeSize, Element**) noexcept {
-    return denied;
-}
+template <class Element> CapeResult denySize(void*, CapeSize, Element**) noexcept { return denied; }
 
 }  // namespace
 
@@ -171,11 +164,11 @@ struct ValueObject::Slots {
 
     static CapeValueType type(void* me) {
         switch (self<ValueObject>(me).content_.index()) {
-            case 1: return CapeValueType::string;
-            case 2: return CapeValueType::integer;
-            case 3: return CapeValueType::boolean;
-            case 4: return CapeValueType::real;
-            default: return CapeValueType::empty;
+        case 1: return CapeValueType::string;
+        case 2: return CapeValueType::integer;
+        case 3: return CapeValueType::boolean;
+        case 4: return CapeValueType::real;
+        default: return CapeValueType::empty;
         }
     }
     static CapeResult text(void* me, const CapeCharacter** data, CapeSize* size) {
@@ -186,8 +179,7 @@ struct ValueObject::Slots {
         *size = static_cast<CapeSize>(text->size());
         return noError;
     }
-    template <class Kept, class Given>
-    static CapeResult get(void* me, Given* out) {
+    template <class Kept, class Given> static CapeResult get(void* me, Given* out) {
         if (!out) return nullPointer;
         const auto* value = std::get_if<Kept>(&self<ValueObject>(me).content_);
         if (!value) return wrongType;
@@ -200,8 +192,7 @@ struct ValueObject::Slots {
             return CapeResult{noError};
         });
     }
-    template <class Kept, class Given>
-    static CapeResult set(void* me, Given value) {
+    template <class Kept, class Given> static CapeResult set(void* me, Given value) {
         self<ValueObject>(me).content_ = static_cast<Kept>(value);
         return noError;
     }
@@ -226,11 +217,11 @@ const ICapeValue::Table ValueObject::table = {
 
 ValueObject::Content ValueObject::content() const {
     switch (content_.index()) {
-        case 1: return toUtf8(std::get<1>(content_));
-        case 2: return std::get<2>(content_);
-        case 3: return std::get<3>(content_);
-        case 4: return std::get<4>(content_);
-        default: return std::monostate();
+    case 1: return toUtf8(std::get<1>(content_));
+    case 2: return std::get<2>(content_);
+    case 3: return std::get<3>(content_);
+    case 4: return std::get<4>(content_);
+    default: return std::monostate();
     }
 }
 
@@ -254,16 +245,17 @@ ValueObject::Content readValue(ICapeValue* value) {
         return given;
     };
     switch (table.getValueType(value->me)) {
-        case CapeValueType::string: {
-            const CapeCharacter* data = nullptr;
-            CapeSize size = 0;
-            if (const CapeResult code = table.getStringValue(value->me, &data, &size)) throw cape_open_error(code);
-            return toUtf8(CapeTextView(data, data ? size : 0));
-        }
-        case CapeValueType::integer: return get(table.getIntegerValue, CapeInteger());
-        case CapeValueType::boolean: return get(table.getBooleanValue, CapeBoolean()) != 0;
-        case CapeValueType::real: return get(table.getRealValue, CapeReal());
-        case CapeValueType::empty: return std::monostate();
+    case CapeValueType::string: {
+        const CapeCharacter* data = nullptr;
+        CapeSize size = 0;
+        if (const CapeResult code = table.getStringValue(value->me, &data, &size))
+            throw cape_open_error(code);
+        return toUtf8(CapeTextView(data, data ? size : 0));
+    }
+    case CapeValueType::integer: return get(table.getIntegerValue, CapeInteger());
+    case CapeValueType::boolean: return get(table.getBooleanValue, CapeBoolean()) != 0;
+    case CapeValueType::real: return get(table.getRealValue, CapeReal());
+    case CapeValueType::empty: return std::monostate();
     }
     throw cape_open_error(111);  // a type that this interface does not know
 }
@@ -274,7 +266,8 @@ void write(ICapeString* out, CapeTextView text) {
     const auto* table = static_cast<const ICapeString::Table*>(out->vTbl);
     static constexpr CapeCharacter empty[] = {0};  // a null pointer is not a text that every host expects
     const CapeCharacter* data = text.data() ? text.data() : empty;
-    if (const CapeResult code = table->set(out->me, data, static_cast<CapeSize>(text.size()))) failWrite(code);
+    if (const CapeResult code = table->set(out->me, data, static_cast<CapeSize>(text.size())))
+        failWrite(code);
 }
 
 void write(ICapeArrayString* out, std::span<const std::string> texts) {

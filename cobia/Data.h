@@ -48,8 +48,7 @@ private:
 };
 
 /// An array of ours with numbers as its elements. The storage is kept from call to call.
-template <class I>
-class ArrayObject {
+template <class I> class ArrayObject {
 public:
     using Element = typename I::Element;
 
@@ -195,8 +194,7 @@ private:
 CapeTextView read(ICapeString* text) noexcept;
 
 /// What an array argument holds, in the caller's own storage.
-template <class I>
-std::span<const typename I::Element> readArray(I* array) noexcept {
+template <class I> std::span<const typename I::Element> readArray(I* array) noexcept {
     typename I::Element* data = nullptr;
     CapeSize size = 0;
     static_cast<const typename I::Table*>(array->vTbl)->get(array->me, &data, &size);
@@ -216,11 +214,10 @@ void write(ICapeValue* out, const ValueObject::Content& value);
 [[noreturn]] void failWrite(CapeResult code);
 
 /// Resizes an output array and gives the storage to fill.
-template <class I>
-std::span<typename I::Element> resize(I* out, std::size_t size) {
+template <class I> std::span<typename I::Element> resize(I* out, std::size_t size) {
     typename I::Element* data = nullptr;
-    const CapeResult code =
-        static_cast<const typename I::Table*>(out->vTbl)->setsize(out->me, static_cast<CapeSize>(size), &data);
+    const CapeResult code = static_cast<const typename I::Table*>(out->vTbl)->setsize(
+        out->me, static_cast<CapeSize>(size), &data);
     if (code != noError) failWrite(code);
     return {data, size};
 }

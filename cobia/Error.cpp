@@ -11,38 +11,38 @@ std::string (*runtimeDescriptions)(CapeResult) = nullptr;
 
 const char* englishDescription(CapeResult code) noexcept {
     switch (code) {
-        case 0: return "No error";
-        case 1: return "CAPE-OPEN error";
-        case 100: return "Unknown error";
-        case 101: return "Critical error";
-        case 102: return "Out of memory";
-        case 103: return "Null pointer";
-        case 104: return "Invalid argument";
-        case 105: return "No such interface";
-        case 106: return "Denied";
-        case 107: return "No such item";
-        case 108: return "Not implemented";
-        case 109: return "No service";
-        case 110: return "Unexpected number of values";
-        case 111: return "Unexpected data type";
-        case 112: return "Persistence error";
-        case 113: return "Saved with a newer version";
-        case 114: return "Denied because of elevation";
-        case 115: return "Invalid operation";
-        case 116: return "Invalid type library";
-        case 117: return "Invalid concurrent access";
-        case 500: return "Registry: not found";
-        case 501: return "Registry: access denied";
-        case 502: return "Registry: corrupt";
-        case 503: return "Registry: invalid value type";
-        case 504: return "Registry: invalid name";
-        case 505: return "Registry: invalid value";
-        case 506: return "Registry: cannot create";
-        case 507: return "Registry: insufficient data";
-        case 601: return "Marshal error";
-        case 602: return "Connection closed";
-        case 603: return "Timed out";
-        default: return nullptr;
+    case 0: return "No error";
+    case 1: return "CAPE-OPEN error";
+    case 100: return "Unknown error";
+    case 101: return "Critical error";
+    case 102: return "Out of memory";
+    case 103: return "Null pointer";
+    case 104: return "Invalid argument";
+    case 105: return "No such interface";
+    case 106: return "Denied";
+    case 107: return "No such item";
+    case 108: return "Not implemented";
+    case 109: return "No service";
+    case 110: return "Unexpected number of values";
+    case 111: return "Unexpected data type";
+    case 112: return "Persistence error";
+    case 113: return "Saved with a newer version";
+    case 114: return "Denied because of elevation";
+    case 115: return "Invalid operation";
+    case 116: return "Invalid type library";
+    case 117: return "Invalid concurrent access";
+    case 500: return "Registry: not found";
+    case 501: return "Registry: access denied";
+    case 502: return "Registry: corrupt";
+    case 503: return "Registry: invalid value type";
+    case 504: return "Registry: invalid name";
+    case 505: return "Registry: invalid value";
+    case 506: return "Registry: cannot create";
+    case 507: return "Registry: insufficient data";
+    case 601: return "Marshal error";
+    case 602: return "Connection closed";
+    case 603: return "Timed out";
+    default: return nullptr;
     }
 }
 
@@ -64,8 +64,10 @@ std::string textOf(ICapeError* error) {
 }
 
 std::string chainOf(Ref<ICapeError> error) {
+    // A host's error may name itself as its cause.
+    constexpr int longest = 100;
     std::string text;
-    for (;;) {
+    for (int link = 1;; ++link) {
         std::string scope = "<unknown scope>";
         std::string source = "<unknown source>";
         fetch(error.get(), &ICapeError::Table::getScope, scope);
@@ -78,7 +80,7 @@ std::string chainOf(Ref<ICapeError> error) {
             cause.detach();  // an output of a failed call is not to be used
             return text;
         }
-        if (!cause) return text;
+        if (!cause || link == longest) return text;
         text += ", caused by: ";
         error = std::move(cause);
     }
@@ -88,7 +90,10 @@ std::string chainOf(Ref<ICapeError> error) {
 class CapeErrorImpl : public ICapeError {
 public:
     CapeErrorImpl(std::string text, std::string scope, std::string source, Ref<ICapeError> cause)
-        : ICapeError{{this, &table}}, text_(toCape(text)), scope_(toCape(scope)), source_(toCape(source)),
+        : ICapeError{{this, &table}},
+          text_(toCape(text)),
+          scope_(toCape(scope)),
+          source_(toCape(source)),
           cause_(std::move(cause)) {}
 
 private:

@@ -17,8 +17,7 @@ public:
     StringException() = default;
     explicit StringException(const std::string& text) : text_(text) {}
 
-    template <class T>
-    StringException&& operator<<(const T& value) && {
+    template <class T> StringException&& operator<<(const T& value) && {
         std::ostringstream stream;
         stream << value;
         text_ += stream.str();
@@ -40,7 +39,8 @@ public:
     /// What an interface answered. With code 1 its last error is fetched and kept.
     cape_open_error(CapeResult code, ICapeInterface* failed) noexcept;
     /// Code 1 with a message of our own.
-    explicit cape_open_error(std::string message) noexcept : code_(capeOpenError), direct_(std::move(message)), given_(true) {}
+    explicit cape_open_error(std::string message) noexcept
+        : code_(capeOpenError), direct_(std::move(message)), given_(true) {}
     /// Code 1 with the exception's text.
     explicit cape_open_error(const std::exception& error) : cape_open_error(std::string(error.what())) {}
 

@@ -32,20 +32,16 @@ private:
     ICapeArrayValue* out_;
 };
 
-template <>
-struct In<ValuesView, ICapeArrayValue*> {
+template <> struct In<ValuesView, ICapeArrayValue*> {
     static ValuesView read(ICapeArrayValue* values) noexcept { return ValuesView(values); }
 };
-template <>
-struct In<ValuesOut, ICapeArrayValue*> {
+template <> struct In<ValuesOut, ICapeArrayValue*> {
     static ValuesOut read(ICapeArrayValue* out) noexcept { return ValuesOut(out); }
 };
-template <>
-struct In<ValueObject::Content, ICapeValue*> {
+template <> struct In<ValueObject::Content, ICapeValue*> {
     static ValueObject::Content read(ICapeValue* value) { return readValue(value); }
 };
-template <>
-struct Out<std::vector<ValueObject::Content>> {
+template <> struct Out<std::vector<ValueObject::Content>> {
     static void write(const std::vector<ValueObject::Content>& values, ICapeArrayValue* out) {
         ValuesOut(out).assign(values);
     }
@@ -60,8 +56,7 @@ struct SimulationContextAdapter : Adapter<Object, ICapeSimulationContext, Simula
 };
 
 /// void popUpMessage(std::string); void logMessage(std::string)
-template <class Object>
-struct DiagnosticAdapter : Adapter<Object, ICapeDiagnostic, DiagnosticAdapter> {
+template <class Object> struct DiagnosticAdapter : Adapter<Object, ICapeDiagnostic, DiagnosticAdapter> {
     static constexpr ICapeDiagnostic::Table table = {
         .base = interfaceTable<DiagnosticAdapter>,
         .PopUpMessage = slot<DiagnosticAdapter, "ICapeDiagnostic::PopUpMessage", &Object::popUpMessage>,
@@ -84,19 +79,32 @@ template <class Object>
 struct ThermoMaterialAdapter : Adapter<Object, ICapeThermoMaterial, ThermoMaterialAdapter> {
     static constexpr ICapeThermoMaterial::Table table = {
         .base = interfaceTable<ThermoMaterialAdapter>,
-        .ClearAllProps = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::ClearAllProps", &Object::clearAllProps>,
-        .CopyFromMaterial = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::CopyFromMaterial", &Object::copyFromMaterial>,
-        .CreateMaterial = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::CreateMaterial", &Object::createMaterial>,
-        .GetOverallProp = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetOverallProp", &Object::overallProp>,
-        .GetOverallTPFraction = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetOverallTPFraction", &Object::overallTPFraction>,
-        .GetPresentPhases = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetPresentPhases", &Object::presentPhases>,
-        .GetSinglePhaseProp = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetSinglePhaseProp", &Object::singlePhaseProp>,
-        .GetTPFraction = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetTPFraction", &Object::tpFraction>,
-        .GetTwoPhaseProp = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetTwoPhaseProp", &Object::twoPhaseProp>,
-        .SetOverallProp = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetOverallProp", &Object::setOverallProp>,
-        .SetPresentPhases = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetPresentPhases", &Object::setPresentPhases>,
-        .SetSinglePhaseProp = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetSinglePhaseProp", &Object::setSinglePhaseProp>,
-        .SetTwoPhaseProp = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetTwoPhaseProp", &Object::setTwoPhaseProp>,
+        .ClearAllProps =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::ClearAllProps", &Object::clearAllProps>,
+        .CopyFromMaterial =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::CopyFromMaterial", &Object::copyFromMaterial>,
+        .CreateMaterial =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::CreateMaterial", &Object::createMaterial>,
+        .GetOverallProp =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetOverallProp", &Object::overallProp>,
+        .GetOverallTPFraction = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetOverallTPFraction",
+                                     &Object::overallTPFraction>,
+        .GetPresentPhases =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetPresentPhases", &Object::presentPhases>,
+        .GetSinglePhaseProp =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetSinglePhaseProp", &Object::singlePhaseProp>,
+        .GetTPFraction =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetTPFraction", &Object::tpFraction>,
+        .GetTwoPhaseProp =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::GetTwoPhaseProp", &Object::twoPhaseProp>,
+        .SetOverallProp =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetOverallProp", &Object::setOverallProp>,
+        .SetPresentPhases =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetPresentPhases", &Object::setPresentPhases>,
+        .SetSinglePhaseProp = slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetSinglePhaseProp",
+                                   &Object::setSinglePhaseProp>,
+        .SetTwoPhaseProp =
+            slot<ThermoMaterialAdapter, "ICapeThermoMaterial::SetTwoPhaseProp", &Object::setTwoPhaseProp>,
     };
 };
 
@@ -110,21 +118,28 @@ template <class Object>
 struct ThermoCompoundsAdapter : Adapter<Object, ICapeThermoCompounds, ThermoCompoundsAdapter> {
     static constexpr ICapeThermoCompounds::Table table = {
         .base = interfaceTable<ThermoCompoundsAdapter>,
-        .GetCompoundConstant = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetCompoundConstant", &Object::compoundConstants>,
-        .GetCompoundList = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetCompoundList", &Object::compoundList>,
-        .getConstPropList = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetConstPropList", &Object::constantProperties>,
-        .getNumCompounds = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetNumCompounds", &Object::compoundCount>,
-        .GetPDependentProperty = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetPDependentProperty", &Object::pressureDependentProperties>,
-        .getPDependentPropList = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetPDependentPropList", &Object::pressureDependentPropertyNames>,
-        .GetTDependentProperty = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetTDependentProperty", &Object::temperatureDependentProperties>,
-        .getTDependentPropList = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetTDependentPropList", &Object::temperatureDependentPropertyNames>,
+        .GetCompoundConstant = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetCompoundConstant",
+                                    &Object::compoundConstants>,
+        .GetCompoundList =
+            slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetCompoundList", &Object::compoundList>,
+        .getConstPropList = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetConstPropList",
+                                 &Object::constantProperties>,
+        .getNumCompounds =
+            slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetNumCompounds", &Object::compoundCount>,
+        .GetPDependentProperty = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetPDependentProperty",
+                                      &Object::pressureDependentProperties>,
+        .getPDependentPropList = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetPDependentPropList",
+                                      &Object::pressureDependentPropertyNames>,
+        .GetTDependentProperty = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetTDependentProperty",
+                                      &Object::temperatureDependentProperties>,
+        .getTDependentPropList = slot<ThermoCompoundsAdapter, "ICapeThermoCompounds::GetTDependentPropList",
+                                      &Object::temperatureDependentPropertyNames>,
     };
 };
 
 /// CapeInteger phaseCount() const; ValueObject::Content phaseInfo(CapeTextView phase, CapeTextView attribute) const;
 /// void phaseList(TextsOut labels, TextsOut statesOfAggregation, TextsOut keyCompounds) const
-template <class Object>
-struct ThermoPhasesAdapter : Adapter<Object, ICapeThermoPhases, ThermoPhasesAdapter> {
+template <class Object> struct ThermoPhasesAdapter : Adapter<Object, ICapeThermoPhases, ThermoPhasesAdapter> {
     static constexpr ICapeThermoPhases::Table table = {
         .base = interfaceTable<ThermoPhasesAdapter>,
         .getNumPhases = slot<ThermoPhasesAdapter, "ICapeThermoPhases::GetNumPhases", &Object::phaseCount>,
@@ -141,16 +156,29 @@ struct ThermoPhasesAdapter : Adapter<Object, ICapeThermoPhases, ThermoPhasesAdap
 /// bool checkTwoPhasePropSpec(CapeTextView property, TextsView phases) const;
 /// std::vector<std::string> singlePhasePropList() const; std::vector<std::string> twoPhasePropList() const
 template <class Object>
-struct ThermoPropertyRoutineAdapter : Adapter<Object, ICapeThermoPropertyRoutine, ThermoPropertyRoutineAdapter> {
+struct ThermoPropertyRoutineAdapter
+    : Adapter<Object, ICapeThermoPropertyRoutine, ThermoPropertyRoutineAdapter> {
     static constexpr ICapeThermoPropertyRoutine::Table table = {
         .base = interfaceTable<ThermoPropertyRoutineAdapter>,
-        .CalcAndGetLnPhi = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CalcAndGetLnPhi", &Object::calcAndGetLnPhi>,
-        .CalcSinglePhaseProp = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CalcSinglePhaseProp", &Object::calcSinglePhaseProp>,
-        .CalcTwoPhaseProp = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CalcTwoPhaseProp", &Object::calcTwoPhaseProp>,
-        .CheckSinglePhasePropSpec = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CheckSinglePhasePropSpec", &Object::checkSinglePhasePropSpec>,
-        .CheckTwoPhasePropSpec = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CheckTwoPhasePropSpec", &Object::checkTwoPhasePropSpec>,
-        .getSinglePhasePropList = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::GetSinglePhasePropList", &Object::singlePhasePropList>,
-        .getTwoPhasePropList = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::GetTwoPhasePropList", &Object::twoPhasePropList>,
+        .CalcAndGetLnPhi = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CalcAndGetLnPhi",
+                                &Object::calcAndGetLnPhi>,
+        .CalcSinglePhaseProp =
+            slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CalcSinglePhaseProp",
+                 &Object::calcSinglePhaseProp>,
+        .CalcTwoPhaseProp = slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CalcTwoPhaseProp",
+                                 &Object::calcTwoPhaseProp>,
+        .CheckSinglePhasePropSpec =
+            slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CheckSinglePhasePropSpec",
+                 &Object::checkSinglePhasePropSpec>,
+        .CheckTwoPhasePropSpec =
+            slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::CheckTwoPhasePropSpec",
+                 &Object::checkTwoPhasePropSpec>,
+        .getSinglePhasePropList =
+            slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::GetSinglePhasePropList",
+                 &Object::singlePhasePropList>,
+        .getTwoPhasePropList =
+            slot<ThermoPropertyRoutineAdapter, "ICapeThermoPropertyRoutine::GetTwoPhasePropList",
+                 &Object::twoPhasePropList>,
     };
 };
 
@@ -161,8 +189,11 @@ struct ThermoEquilibriumRoutineAdapter
     : Adapter<Object, ICapeThermoEquilibriumRoutine, ThermoEquilibriumRoutineAdapter> {
     static constexpr ICapeThermoEquilibriumRoutine::Table table = {
         .base = interfaceTable<ThermoEquilibriumRoutineAdapter>,
-        .CalcEquilibrium = slot<ThermoEquilibriumRoutineAdapter, "ICapeThermoEquilibriumRoutine::CalcEquilibrium", &Object::calcEquilibrium>,
-        .CheckEquilibriumSpec = slot<ThermoEquilibriumRoutineAdapter, "ICapeThermoEquilibriumRoutine::CheckEquilibriumSpec", &Object::checkEquilibriumSpec>,
+        .CalcEquilibrium = slot<ThermoEquilibriumRoutineAdapter,
+                                "ICapeThermoEquilibriumRoutine::CalcEquilibrium", &Object::calcEquilibrium>,
+        .CheckEquilibriumSpec =
+            slot<ThermoEquilibriumRoutineAdapter, "ICapeThermoEquilibriumRoutine::CheckEquilibriumSpec",
+                 &Object::checkEquilibriumSpec>,
     };
 };
 
@@ -178,13 +209,18 @@ struct PersistWriterAdapter : Adapter<Object, ICapePersistWriter, PersistWriterA
         .AddInteger = slot<PersistWriterAdapter, "ICapePersistWriter::AddInteger", &Object::addInteger>,
         .AddBoolean = slot<PersistWriterAdapter, "ICapePersistWriter::AddBoolean", &Object::addBoolean>,
         .AddString = slot<PersistWriterAdapter, "ICapePersistWriter::AddString", &Object::addString>,
-        .AddEnumeration = slot<PersistWriterAdapter, "ICapePersistWriter::AddEnumeration", &Object::addEnumeration>,
+        .AddEnumeration =
+            slot<PersistWriterAdapter, "ICapePersistWriter::AddEnumeration", &Object::addEnumeration>,
         .AddValue = slot<PersistWriterAdapter, "ICapePersistWriter::AddValue", &Object::addValue>,
         .AddArrayReal = slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayReal", &Object::addReals>,
-        .AddArrayInteger = slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayInteger", &Object::addIntegers>,
-        .AddArrayBoolean = slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayBoolean", &Object::addBooleans>,
-        .AddArrayString = slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayString", &Object::addStrings>,
-        .AddArrayEnumeration = slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayEnumeration", &Object::addEnumerations>,
+        .AddArrayInteger =
+            slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayInteger", &Object::addIntegers>,
+        .AddArrayBoolean =
+            slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayBoolean", &Object::addBooleans>,
+        .AddArrayString =
+            slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayString", &Object::addStrings>,
+        .AddArrayEnumeration =
+            slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayEnumeration", &Object::addEnumerations>,
         .AddArrayValue = slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayValue", &Object::addValues>,
         .AddArrayByte = slot<PersistWriterAdapter, "ICapePersistWriter::AddArrayByte", &Object::addBytes>,
         .AddNode = slot<PersistWriterAdapter, "ICapePersistWriter::AddNode", &Object::addNode>,
@@ -204,13 +240,17 @@ struct PersistReaderAdapter : Adapter<Object, ICapePersistReader, PersistReaderA
         .GetInteger = slot<PersistReaderAdapter, "ICapePersistReader::GetInteger", &Object::integer>,
         .GetBoolean = slot<PersistReaderAdapter, "ICapePersistReader::GetBoolean", &Object::boolean>,
         .GetString = slot<PersistReaderAdapter, "ICapePersistReader::GetString", &Object::string>,
-        .GetEnumeration = slot<PersistReaderAdapter, "ICapePersistReader::GetEnumeration", &Object::enumeration>,
+        .GetEnumeration =
+            slot<PersistReaderAdapter, "ICapePersistReader::GetEnumeration", &Object::enumeration>,
         .GetValue = slot<PersistReaderAdapter, "ICapePersistReader::GetValue", &Object::value>,
         .GetArrayReal = slot<PersistReaderAdapter, "ICapePersistReader::GetArrayReal", &Object::reals>,
-        .GetArrayInteger = slot<PersistReaderAdapter, "ICapePersistReader::GetArrayInteger", &Object::integers>,
-        .GetArrayBoolean = slot<PersistReaderAdapter, "ICapePersistReader::GetArrayBoolean", &Object::booleans>,
+        .GetArrayInteger =
+            slot<PersistReaderAdapter, "ICapePersistReader::GetArrayInteger", &Object::integers>,
+        .GetArrayBoolean =
+            slot<PersistReaderAdapter, "ICapePersistReader::GetArrayBoolean", &Object::booleans>,
         .GetArrayString = slot<PersistReaderAdapter, "ICapePersistReader::GetArrayString", &Object::strings>,
-        .GetArrayEnumeration = slot<PersistReaderAdapter, "ICapePersistReader::GetArrayEnumeration", &Object::enumerations>,
+        .GetArrayEnumeration =
+            slot<PersistReaderAdapter, "ICapePersistReader::GetArrayEnumeration", &Object::enumerations>,
         .GetArrayValue = slot<PersistReaderAdapter, "ICapePersistReader::GetArrayValue", &Object::values>,
         .GetArrayByte = slot<PersistReaderAdapter, "ICapePersistReader::GetArrayByte", &Object::bytes>,
         .getNodeNames = slot<PersistReaderAdapter, "ICapePersistReader::GetNodeNames", &Object::nodeNames>,

@@ -17,8 +17,7 @@ struct Record {
 };
 
 /// A function of an interface table; the comment behind a slot names its arguments after `me`.
-template <class... Arguments>
-using Slot = CapeResult (*)(void* me, Arguments...);
+template <class... Arguments> using Slot = CapeResult (*)(void* me, Arguments...);
 
 struct ICapeString;
 struct ICapeValue;
@@ -73,8 +72,7 @@ struct ICapeValue : Record {
 };
 
 /// `get` gives the live storage, `setsize` resizes and gives the storage to fill.
-template <class T>
-struct CapeArray : Record {
+template <class T> struct CapeArray : Record {
     using Element = T;
     struct Table {
         void (*get)(void* me, T** data, CapeSize* size);
@@ -192,12 +190,13 @@ struct ICapeArrayRealParameter : ICapeInterface {
         Slot<ICapeArrayReal*> getValue;
         Slot<ICapeArrayReal*> putValue;
         Slot<ICapeArrayInteger*, CapeReal*> GetElementValue;  // (position, value)
-        Slot<ICapeArrayInteger*, CapeReal> SetElementValue;  // (position, value)
+        Slot<ICapeArrayInteger*, CapeReal> SetElementValue;   // (position, value)
         Slot<CapeReal*> getDefaultValue;
         Slot<CapeReal*> getLowerBound;
         Slot<CapeReal*> getUpperBound;
         Slot<ICapeArrayReal*> getDimensionality;
-        Slot<ICapeArrayInteger*, CapeReal, ICapeString*, CapeBoolean*> ValidateElement;  // (position, value, message, isOK)
+        Slot<ICapeArrayInteger*, CapeReal, ICapeString*, CapeBoolean*>
+            ValidateElement;                                         // (position, value, message, isOK)
         Slot<ICapeArrayReal*, ICapeString*, CapeBoolean*> Validate;  // (value, message, isOK)
     };
 };
@@ -270,7 +269,8 @@ struct ICapeArrayRealParameterSpecification : ICapeInterface {
         Slot<CapeReal*> getLowerBound;
         Slot<CapeReal*> getUpperBound;
         Slot<ICapeArrayReal*> getDimensionality;
-        Slot<ICapeArrayInteger*, CapeReal, ICapeString*, CapeBoolean*> ValidateElement;  // (position, value, message, isOK)
+        Slot<ICapeArrayInteger*, CapeReal, ICapeString*, CapeBoolean*>
+            ValidateElement;                                         // (position, value, message, isOK)
         Slot<ICapeArrayReal*, ICapeString*, CapeBoolean*> Validate;  // (value, message, isOK)
     };
 };
@@ -330,15 +330,21 @@ struct ICapeThermoMaterial : ICapeInterface {
         Slot<ICapeThermoMaterial*> CopyFromMaterial;
         Slot<ICapeThermoMaterial**> CreateMaterial;
         Slot<ICapeString*, ICapeString*, ICapeArrayReal*> GetOverallProp;  // (property, basis, results)
-        Slot<CapeReal*, CapeReal*, ICapeArrayReal*> GetOverallTPFraction;  // (temperature, pressure, composition)
+        Slot<CapeReal*, CapeReal*, ICapeArrayReal*>
+            GetOverallTPFraction;  // (temperature, pressure, composition)
         Slot<ICapeArrayString*, ICapeArrayEnumeration*> GetPresentPhases;  // (phaseLabels, phaseStatus)
-        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeArrayReal*> GetSinglePhaseProp;  // (property, phaseLabel, basis, results)
-        Slot<ICapeString*, CapeReal*, CapeReal*, ICapeArrayReal*> GetTPFraction;  // (phaseLabel, temperature, pressure, composition)
-        Slot<ICapeString*, ICapeArrayString*, ICapeString*, ICapeArrayReal*> GetTwoPhaseProp;  // (property, phaseLabels, basis, results)
+        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeArrayReal*>
+            GetSinglePhaseProp;  // (property, phaseLabel, basis, results)
+        Slot<ICapeString*, CapeReal*, CapeReal*, ICapeArrayReal*>
+            GetTPFraction;  // (phaseLabel, temperature, pressure, composition)
+        Slot<ICapeString*, ICapeArrayString*, ICapeString*, ICapeArrayReal*>
+            GetTwoPhaseProp;  // (property, phaseLabels, basis, results)
         Slot<ICapeString*, ICapeString*, ICapeArrayReal*> SetOverallProp;  // (property, basis, values)
         Slot<ICapeArrayString*, ICapeArrayEnumeration*> SetPresentPhases;  // (phaseLabels, phaseStatus)
-        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeArrayReal*> SetSinglePhaseProp;  // (property, phaseLabel, basis, values)
-        Slot<ICapeString*, ICapeArrayString*, ICapeString*, ICapeArrayReal*> SetTwoPhaseProp;  // (property, phaseLabels, basis, values)
+        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeArrayReal*>
+            SetSinglePhaseProp;  // (property, phaseLabel, basis, values)
+        Slot<ICapeString*, ICapeArrayString*, ICapeString*, ICapeArrayReal*>
+            SetTwoPhaseProp;  // (property, phaseLabels, basis, values)
     };
 };
 
@@ -355,13 +361,18 @@ struct ICapeThermoCompounds : ICapeInterface {
     static constexpr CapeUUID uuid = "309dc515-ae97-4fbe-8aa1-a08e1359ff69"_uuid;
     struct Table {
         ICapeInterface::Table base;
-        Slot<ICapeArrayString*, ICapeArrayString*, CapeBoolean*, ICapeArrayValue*> GetCompoundConstant;  // (props, compIds, containsMissingValues, propVals)
-        Slot<ICapeArrayString*, ICapeArrayString*, ICapeArrayString*, ICapeArrayReal*, ICapeArrayReal*, ICapeArrayString*> GetCompoundList;  // (compIds, formulae, names, boilTemps, molwts, casnos)
+        Slot<ICapeArrayString*, ICapeArrayString*, CapeBoolean*, ICapeArrayValue*>
+            GetCompoundConstant;  // (props, compIds, containsMissingValues, propVals)
+        Slot<ICapeArrayString*, ICapeArrayString*, ICapeArrayString*, ICapeArrayReal*, ICapeArrayReal*,
+             ICapeArrayString*>
+            GetCompoundList;  // (compIds, formulae, names, boilTemps, molwts, casnos)
         Slot<ICapeArrayString*> getConstPropList;
         Slot<CapeInteger*> getNumCompounds;
-        Slot<ICapeArrayString*, CapeReal, ICapeArrayString*, CapeBoolean*, ICapeArrayReal*> GetPDependentProperty;  // (props, pressure, compIds, containsMissingValues, propVals)
+        Slot<ICapeArrayString*, CapeReal, ICapeArrayString*, CapeBoolean*, ICapeArrayReal*>
+            GetPDependentProperty;  // (props, pressure, compIds, containsMissingValues, propVals)
         Slot<ICapeArrayString*> getPDependentPropList;
-        Slot<ICapeArrayString*, CapeReal, ICapeArrayString*, CapeBoolean*, ICapeArrayReal*> GetTDependentProperty;  // (props, temperature, compIds, containsMissingValues, propVals)
+        Slot<ICapeArrayString*, CapeReal, ICapeArrayString*, CapeBoolean*, ICapeArrayReal*>
+            GetTDependentProperty;  // (props, temperature, compIds, containsMissingValues, propVals)
         Slot<ICapeArrayString*> getTDependentPropList;
     };
 };
@@ -372,7 +383,8 @@ struct ICapeThermoPhases : ICapeInterface {
         ICapeInterface::Table base;
         Slot<CapeInteger*> getNumPhases;
         Slot<ICapeString*, ICapeString*, ICapeValue*> GetPhaseInfo;  // (phaseLabel, phaseAttribute, value)
-        Slot<ICapeArrayString*, ICapeArrayString*, ICapeArrayString*> GetPhaseList;  // (phaseLabels, stateOfAggregation, keyCompoundId)
+        Slot<ICapeArrayString*, ICapeArrayString*, ICapeArrayString*>
+            GetPhaseList;  // (phaseLabels, stateOfAggregation, keyCompoundId)
     };
 };
 
@@ -380,11 +392,15 @@ struct ICapeThermoPropertyRoutine : ICapeInterface {
     static constexpr CapeUUID uuid = "82f6a458-2cd7-4d5d-8d6f-b80278da3edb"_uuid;
     struct Table {
         ICapeInterface::Table base;
-        Slot<ICapeString*, CapeReal, CapeReal, ICapeArrayReal*, CapeInteger, ICapeArrayReal*, ICapeArrayReal*, ICapeArrayReal*, ICapeArrayReal*> CalcAndGetLnPhi;  // (phaseLabel, temperature, pressure, moleFraction, fFlags, lnPhi, lnPhiDT, lnPhiDP, lnPhiDn)
-        Slot<ICapeArrayString*, ICapeString*> CalcSinglePhaseProp;  // (props, phaseLabel)
+        Slot<ICapeString*, CapeReal, CapeReal, ICapeArrayReal*, CapeInteger, ICapeArrayReal*, ICapeArrayReal*,
+             ICapeArrayReal*, ICapeArrayReal*>
+            CalcAndGetLnPhi;  // (phaseLabel, temperature, pressure, moleFraction, fFlags, lnPhi, lnPhiDT, lnPhiDP, lnPhiDn)
+        Slot<ICapeArrayString*, ICapeString*> CalcSinglePhaseProp;    // (props, phaseLabel)
         Slot<ICapeArrayString*, ICapeArrayString*> CalcTwoPhaseProp;  // (props, phaseLabels)
-        Slot<ICapeString*, ICapeString*, CapeBoolean*> CheckSinglePhasePropSpec;  // (property, phaseLabel, valid)
-        Slot<ICapeString*, ICapeArrayString*, CapeBoolean*> CheckTwoPhasePropSpec;  // (property, phaseLabels, valid)
+        Slot<ICapeString*, ICapeString*, CapeBoolean*>
+            CheckSinglePhasePropSpec;  // (property, phaseLabel, valid)
+        Slot<ICapeString*, ICapeArrayString*, CapeBoolean*>
+            CheckTwoPhasePropSpec;  // (property, phaseLabels, valid)
         Slot<ICapeArrayString*> getSinglePhasePropList;
         Slot<ICapeArrayString*> getTwoPhasePropList;
     };
@@ -394,8 +410,10 @@ struct ICapeThermoEquilibriumRoutine : ICapeInterface {
     static constexpr CapeUUID uuid = "33543f96-9708-4ef3-9227-3f8d375f6eb5"_uuid;
     struct Table {
         ICapeInterface::Table base;
-        Slot<ICapeArrayString*, ICapeArrayString*, ICapeString*> CalcEquilibrium;  // (specification1, specification2, solutionType)
-        Slot<ICapeArrayString*, ICapeArrayString*, ICapeString*, CapeBoolean*> CheckEquilibriumSpec;  // (specification1, specification2, solutionType, isSupported)
+        Slot<ICapeArrayString*, ICapeArrayString*, ICapeString*>
+            CalcEquilibrium;  // (specification1, specification2, solutionType)
+        Slot<ICapeArrayString*, ICapeArrayString*, ICapeString*, CapeBoolean*>
+            CheckEquilibriumSpec;  // (specification1, specification2, solutionType, isSupported)
     };
 };
 
@@ -444,20 +462,20 @@ struct ICapePersistWriter : ICapeInterface {
     static constexpr CapeUUID uuid = "a8c7928a-e288-4e83-adbd-0abb394ae5a6"_uuid;
     struct Table {
         ICapeInterface::Table base;
-        Slot<ICapeString*, CapeReal> AddReal;  // (valueName, value)
-        Slot<ICapeString*, CapeInteger> AddInteger;  // (valueName, value)
-        Slot<ICapeString*, CapeBoolean> AddBoolean;  // (valueName, value)
-        Slot<ICapeString*, ICapeString*> AddString;  // (valueName, value)
-        Slot<ICapeString*, CapeEnumeration> AddEnumeration;  // (valueName, value)
-        Slot<ICapeString*, ICapeValue*> AddValue;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayReal*> AddArrayReal;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayInteger*> AddArrayInteger;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayBoolean*> AddArrayBoolean;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayString*> AddArrayString;  // (valueName, value)
+        Slot<ICapeString*, CapeReal> AddReal;                            // (valueName, value)
+        Slot<ICapeString*, CapeInteger> AddInteger;                      // (valueName, value)
+        Slot<ICapeString*, CapeBoolean> AddBoolean;                      // (valueName, value)
+        Slot<ICapeString*, ICapeString*> AddString;                      // (valueName, value)
+        Slot<ICapeString*, CapeEnumeration> AddEnumeration;              // (valueName, value)
+        Slot<ICapeString*, ICapeValue*> AddValue;                        // (valueName, value)
+        Slot<ICapeString*, ICapeArrayReal*> AddArrayReal;                // (valueName, value)
+        Slot<ICapeString*, ICapeArrayInteger*> AddArrayInteger;          // (valueName, value)
+        Slot<ICapeString*, ICapeArrayBoolean*> AddArrayBoolean;          // (valueName, value)
+        Slot<ICapeString*, ICapeArrayString*> AddArrayString;            // (valueName, value)
         Slot<ICapeString*, ICapeArrayEnumeration*> AddArrayEnumeration;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayValue*> AddArrayValue;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayByte*> AddArrayByte;  // (valueName, value)
-        Slot<ICapeString*, ICapePersistWriter**> AddNode;  // (nodeName, value)
+        Slot<ICapeString*, ICapeArrayValue*> AddArrayValue;              // (valueName, value)
+        Slot<ICapeString*, ICapeArrayByte*> AddArrayByte;                // (valueName, value)
+        Slot<ICapeString*, ICapePersistWriter**> AddNode;                // (nodeName, value)
     };
 };
 
@@ -466,20 +484,20 @@ struct ICapePersistReader : ICapeInterface {
     struct Table {
         ICapeInterface::Table base;
         Slot<ICapeArrayString*> getValueNames;
-        Slot<ICapeString*, CapePersistedDataType*> GetValueType;  // (valueName, valueType)
-        Slot<ICapeString*, CapeReal*> GetReal;  // (valueName, value)
-        Slot<ICapeString*, CapeInteger*> GetInteger;  // (valueName, value)
-        Slot<ICapeString*, CapeBoolean*> GetBoolean;  // (valueName, value)
-        Slot<ICapeString*, ICapeString*> GetString;  // (valueName, value)
-        Slot<ICapeString*, CapeEnumeration*> GetEnumeration;  // (valueName, value)
-        Slot<ICapeString*, ICapeValue*> GetValue;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayReal*> GetArrayReal;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayInteger*> GetArrayInteger;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayBoolean*> GetArrayBoolean;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayString*> GetArrayString;  // (valueName, value)
+        Slot<ICapeString*, CapePersistedDataType*> GetValueType;         // (valueName, valueType)
+        Slot<ICapeString*, CapeReal*> GetReal;                           // (valueName, value)
+        Slot<ICapeString*, CapeInteger*> GetInteger;                     // (valueName, value)
+        Slot<ICapeString*, CapeBoolean*> GetBoolean;                     // (valueName, value)
+        Slot<ICapeString*, ICapeString*> GetString;                      // (valueName, value)
+        Slot<ICapeString*, CapeEnumeration*> GetEnumeration;             // (valueName, value)
+        Slot<ICapeString*, ICapeValue*> GetValue;                        // (valueName, value)
+        Slot<ICapeString*, ICapeArrayReal*> GetArrayReal;                // (valueName, value)
+        Slot<ICapeString*, ICapeArrayInteger*> GetArrayInteger;          // (valueName, value)
+        Slot<ICapeString*, ICapeArrayBoolean*> GetArrayBoolean;          // (valueName, value)
+        Slot<ICapeString*, ICapeArrayString*> GetArrayString;            // (valueName, value)
         Slot<ICapeString*, ICapeArrayEnumeration*> GetArrayEnumeration;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayValue*> GetArrayValue;  // (valueName, value)
-        Slot<ICapeString*, ICapeArrayByte*> GetArrayByte;  // (valueName, value)
+        Slot<ICapeString*, ICapeArrayValue*> GetArrayValue;              // (valueName, value)
+        Slot<ICapeString*, ICapeArrayByte*> GetArrayByte;                // (valueName, value)
         Slot<ICapeArrayString*> getNodeNames;
         Slot<ICapeString*, ICapePersistReader**> GetNode;  // (nodeName, value)
     };
@@ -500,11 +518,14 @@ struct ICapeReport : ICapeInterface {
     struct Table {
         ICapeInterface::Table base;
         Slot<ICapeArrayString*> getReportNames;
-        Slot<ICapeString*, ICapeArrayString*> ReportTypes;  // (name, types)
+        Slot<ICapeString*, ICapeArrayString*> ReportTypes;                  // (name, types)
         Slot<ICapeString*, ICapeString*, ICapeArrayString*> ReportLocales;  // (name, type, locales)
-        Slot<ICapeString*, ICapeString*, ICapeString*, CapeBoolean*> CheckReportSpec;  // (name, type, locale, reportAvailable)
-        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeString*> GenerateReport;  // (name, type, locale, reportContent)
-        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeString*> GenerateReportFile;  // (name, type, locale, fileName)
+        Slot<ICapeString*, ICapeString*, ICapeString*, CapeBoolean*>
+            CheckReportSpec;  // (name, type, locale, reportAvailable)
+        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeString*>
+            GenerateReport;  // (name, type, locale, reportContent)
+        Slot<ICapeString*, ICapeString*, ICapeString*, ICapeString*>
+            GenerateReportFile;  // (name, type, locale, fileName)
     };
 };
 

@@ -52,30 +52,30 @@ private:
 };
 
 /// A new object, and the reference to it.
-template <class Object, class... Arguments>
-Ref<Object> makeObject(Arguments&&... arguments) {
+template <class Object, class... Arguments> Ref<Object> makeObject(Arguments&&... arguments) {
     return Ref<Object>::share(new Object(std::forward<Arguments>(arguments)...));
 }
 
 /// Runs what a slot stands for and turns every exception into a result code. Code 1 leaves a last error behind.
-template <class Body>
-CapeResult operation(ObjectBase& self, const char* scope, Body&& body) noexcept {
+template <class Body> CapeResult operation(ObjectBase& self, const char* scope, Body&& body) noexcept {
     try {
         body();
         return noError;
-    } catch (const cape_open_error& error) {
+    }
+    catch (const cape_open_error& error) {
         if (error.code() == capeOpenError) self.storeLastError(error, scope);
         return error.code();
-    } catch (const std::exception& error) {
+    }
+    catch (const std::exception& error) {
         self.storeLastError(cape_open_error(error), scope);
         return capeOpenError;
-    } catch (...) {
+    }
+    catch (...) {
         return unknownFailure;
     }
 }
 
-template <std::size_t size>
-struct ScopeText {
+template <std::size_t size> struct ScopeText {
     char text[size];
     consteval ScopeText(const char (&literal)[size]) { std::copy_n(literal, size, text); }
 };
@@ -85,8 +85,7 @@ template <class T>
 using ReadAs = std::conditional_t<std::is_const_v<std::remove_reference_t<T>>, std::remove_cvref_t<T>, T>;
 
 /// What a member function takes and gives.
-template <class Member>
-struct MemberShape;
+template <class Member> struct MemberShape;
 template <class Class, class Result_, class... Arguments_>
 struct MemberShape<Result_ (Class::*)(Arguments_...)> {
     using Result = Result_;
@@ -96,25 +95,24 @@ struct MemberShape<Result_ (Class::*)(Arguments_...)> {
 template <class Class, class Result, class... Arguments>
 struct MemberShape<Result (Class::*)(Arguments...) const> : MemberShape<Result (Class::*)(Arguments...)> {};
 template <class Class, class Result, class... Arguments>
-struct MemberShape<Result (Class::*)(Arguments...) noexcept> : MemberShape<Result (Class::*)(Arguments...)> {};
+struct MemberShape<Result (Class::*)(Arguments...) noexcept> : MemberShape<Result (Class::*)(Arguments...)> {
+};
 template <class Class, class Result, class... Arguments>
-struct MemberShape<Result (Class::*)(Arguments...) const noexcept> : MemberShape<Result (Class::*)(Arguments...)> {};
+struct MemberShape<Result (Class::*)(Arguments...) const noexcept>
+    : MemberShape<Result (Class::*)(Arguments...)> {};
 
 /// The C function for one slot of a table: `.getCount = slot<CollectionAdapter, "ICapeCollection::Count", &Object::count>`.
 /// The slot's own type says what it carries; the first arguments go to the member, the rest take its result.
 /// A member of the wrong shape does not compile.
-template <class Adapter, ScopeText scope, auto member>
-struct SlotOf {
+template <class Adapter, ScopeText scope, auto member> struct SlotOf {
     using Shape = MemberShape<decltype(member)>;
 
-    template <class... Carried>
-    constexpr operator Slot<Carried...>() const noexcept {
+    template <class... Carried> constexpr operator Slot<Carried...>() const noexcept {
         return &enter<Carried...>;
     }
 
 private:
-    template <class... Carried>
-    static CapeResult enter(void* me, Carried... carried) noexcept {
+    template <class... Carried> static CapeResult enter(void* me, Carried... carried) noexcept {
         if ((isMissing(carried) || ...)) return nullPointer;
         auto& self = Adapter::object(me);
         return operation(self, scope.text, [&] {
@@ -128,16 +126,18 @@ private:
     static void run(Object& self, const std::tuple<Carried...>& all, std::index_sequence<in...>,
                     std::index_sequence<out...>) {
         const auto result = [&]() -> decltype(auto) {
-            return (self.*member)(In<std::tuple_element_t<in, typename Shape::Arguments>,
-                                     std::tuple_element_t<in, std::tuple<Carried...>>>::read(std::get<in>(all))...);
+            return (self.*
+                    member)(In<std::tuple_element_t<in, typename Shape::Arguments>,
+                               std::tuple_element_t<in, std::tuple<Carried...>>>::read(std::get<in>(all))...);
         };
-        if constexpr (std::is_void_v<typename Shape::Result>) result();
-        else Out<typename Shape::Result>::write(result(), std::get<Shape::count + out>(all)...);
+        if constexpr (std::is_void_v<typename Shape::Result>)
+            result();
+        else
+            Out<typename Shape::Result>::write(result(), std::get<Shape::count + out>(all)...);
     }
 };
 
-template <class Adapter, ScopeText scope, auto member>
-inline constexpr SlotOf<Adapter, scope, member> slot{};
+template <class Adapter, ScopeText scope, auto member> inline constexpr SlotOf<Adapter, scope, member> slot{};
 
 /// The four slots that every interface begins with.
 template <class Adapter>
@@ -170,25 +170,23 @@ public:
     }
 
     /// One of the interfaces, borrowed: `as<ICapeUnit>()`.
-    template <class I>
-    I* as() noexcept {
-        return static_cast<I*>(find(I::uuid));
-    }
+    template <class I> I* as() noexcept { return static_cast<I*>(find(I::uuid)); }
 
 protected:
     template <class... Arguments>
     explicit Offering(Arguments&&... arguments) : Base(std::forward<Arguments>(arguments)...) {}
 
 private:
-    template <class Adapter>
-    ICapeInterface* findIn(const CapeUUID& uuid) noexcept {
+    template <class Adapter> ICapeInterface* findIn(const CapeUUID& uuid) noexcept {
         constexpr bool itself = std::is_same_v<Base, ObjectBase>;
         const bool wanted = uuid == Adapter::Offered::uuid || (itself && uuid == ICapeInterface::uuid);
         return wanted ? &static_cast<Adapter*>(this)->offered : nullptr;
     }
     ICapeInterface* findInBase(const CapeUUID& uuid) noexcept {
-        if constexpr (std::is_same_v<Base, ObjectBase>) return nullptr;
-        else return Base::find(uuid);
+        if constexpr (std::is_same_v<Base, ObjectBase>)
+            return nullptr;
+        else
+            return Base::find(uuid);
     }
 };
 

@@ -14,12 +14,10 @@ namespace COBIA {
 template <class T>
 concept Interface = std::derived_from<T, ICapeInterface>;
 
-template <Interface T>
-void retain(T* interface) noexcept {
+template <Interface T> void retain(T* interface) noexcept {
     static_cast<const ICapeInterface::Table*>(interface->vTbl)->addReference(interface->me);
 }
-template <Interface T>
-void drop(T* interface) noexcept {
+template <Interface T> void drop(T* interface) noexcept {
     static_cast<const ICapeInterface::Table*>(interface->vTbl)->release(interface->me);
 }
 inline void retain(ICapeError* error) noexcept {
@@ -35,25 +33,17 @@ concept Counted = requires(T& object) {
     object.addReference();
     object.release();
 };
-template <Counted T>
-void retain(T* object) noexcept {
-    object->addReference();
-}
-template <Counted T>
-void drop(T* object) noexcept {
-    object->release();
-}
+template <Counted T> void retain(T* object) noexcept { object->addReference(); }
+template <Counted T> void drop(T* object) noexcept { object->release(); }
 
 /// Owns one reference, or none.
-template <class T>
-class Ref {
+template <class T> class Ref {
 public:
     Ref() noexcept = default;
     Ref(std::nullptr_t) noexcept {}
     Ref(const Ref& other) noexcept : Ref(share(other.pointer_)) {}
     Ref(Ref&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    template <std::derived_from<T> U>
-    Ref(Ref<U> other) noexcept : pointer_(other.detach()) {}
+    template <std::derived_from<T> U> Ref(Ref<U> other) noexcept : pointer_(other.detach()) {}
     ~Ref() {
         if (pointer_) drop(pointer_);
     }

@@ -23,7 +23,8 @@ std::string mapCase(std::string_view utf8, std::span<const CaseRun> runs) {
     std::string result;
     const std::string text = wellFormed(utf8);
     for (auto at = text.begin(); at != text.end();)
-        utf8::append(mapCase(static_cast<char32_t>(utf8::next(at, text.end())), runs), std::back_inserter(result));
+        utf8::append(mapCase(static_cast<char32_t>(utf8::next(at, text.end())), runs),
+                     std::back_inserter(result));
     return result;
 }
 
@@ -46,8 +47,10 @@ std::string toUtf8(CapeTextView text) {
     const auto isLead = [](char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; };
     const auto isTrail = [](char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; };
     for (std::size_t i = 0; i < units.size(); ++i) {
-        if (isLead(units[i]) && i + 1 < units.size() && isTrail(units[i + 1])) ++i;
-        else if (isLead(units[i]) || isTrail(units[i])) units[i] = 0xFFFD;
+        if (isLead(units[i]) && i + 1 < units.size() && isTrail(units[i + 1]))
+            ++i;
+        else if (isLead(units[i]) || isTrail(units[i]))
+            units[i] = 0xFFFD;
     }
     return utf8::utf16to8(units);
 }

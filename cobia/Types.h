@@ -32,7 +32,9 @@ inline constexpr CapeInteger undefinedInteger = std::numeric_limits<CapeInteger>
 struct CapeUUID {
     std::array<std::uint8_t, 16> data;
 
-    friend constexpr bool operator==(const CapeUUID& a, const CapeUUID& b) noexcept { return a.data == b.data; }
+    friend constexpr bool operator==(const CapeUUID& a, const CapeUUID& b) noexcept {
+        return a.data == b.data;
+    }
 };
 static_assert(sizeof(CapeUUID) == 16);
 
@@ -43,7 +45,9 @@ consteval CapeUUID operator""_uuid(const char* text, std::size_t length) {
     for (std::size_t i = 0; i < length; ++i) {
         const char c = text[i];
         if (c == '-') continue;
-        const int value = c >= '0' && c <= '9' ? c - '0' : c >= 'a' && c <= 'f' ? c - 'a' + 10 : throw "not a digit";
+        const int value = c >= '0' && c <= '9'   ? c - '0'
+                          : c >= 'a' && c <= 'f' ? c - 'a' + 10
+                                                 : throw "not a digit";
         auto& byte = result.data.at(digits / 2);
         byte = static_cast<std::uint8_t>(byte * 16 + value);
         ++digits;

@@ -52,11 +52,13 @@ std::string toText(PyObject* text) {
         throw PythonErrorSet();
     }
     Py_ssize_t size = 0;
-    if (const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size)) return std::string(utf8, static_cast<std::size_t>(size));
+    if (const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size))
+        return std::string(utf8, static_cast<std::size_t>(size));
     // A lone surrogate has no UTF-8; pass it as its three bytes, which then count as ill-formed.
     PyErr_Clear();
     const PyRef bytes = PyRef::steal(PyUnicode_AsEncodedString(text, "utf-8", "surrogatepass"));
-    const std::string raw(PyBytes_AS_STRING(bytes.get()), static_cast<std::size_t>(PyBytes_GET_SIZE(bytes.get())));
+    const std::string raw(PyBytes_AS_STRING(bytes.get()),
+                          static_cast<std::size_t>(PyBytes_GET_SIZE(bytes.get())));
     return COBIA::wellFormed(raw);
 }
 
@@ -73,8 +75,7 @@ namespace {
 
 /// Calls `take` with each element. False, with the error cleared, when the value cannot be iterated at all; throws
 /// PythonErrorSet when `take` does or the iteration itself fails.
-template <class Take>
-bool forEach(PyObject* value, Take&& take) {
+template <class Take> bool forEach(PyObject* value, Take&& take) {
     const PyRef iterator = PyRef::stealMaybe(PyObject_GetIter(value));
     if (!iterator) {
         PyErr_Clear();
@@ -98,9 +99,11 @@ StringList readStringList(std::string_view argument, PyObject* value) {
     bool iterable = false;
     try {
         iterable = forEach(value, [&](PyObject* element) { result.texts.push_back(toText(element)); });
-    } catch (const PythonErrorSet&) {
-        refuse(argument, "' must be either string or collection of strings; given argument is a collection but not "
-                         "all elements are strings");
+    }
+    catch (const PythonErrorSet&) {
+        refuse(argument,
+               "' must be either string or collection of strings; given argument is a collection but not "
+               "all elements are strings");
     }
     if (!iterable) refuse(argument, "' must be either string or collection of strings");
     return result;
@@ -111,9 +114,11 @@ std::vector<double> readRealList(std::string_view argument, PyObject* value) {
     bool iterable = false;
     try {
         iterable = forEach(value, [&](PyObject* element) { result.push_back(toDouble(element)); });
-    } catch (const PythonErrorSet&) {
-        refuse(argument, "' must be iterable of real items; given argument is iterable but not all elements are real "
-                         "numbers");
+    }
+    catch (const PythonErrorSet&) {
+        refuse(argument,
+               "' must be iterable of real items; given argument is iterable but not all elements are real "
+               "numbers");
     }
     if (!iterable) refuse(argument, "' must be iterable of real items");
     return result;

@@ -13,7 +13,8 @@ struct Named {
 };
 
 void addAll(PyTypeObject& type, std::initializer_list<Named> constants) {
-    for (const auto& [name, code] : constants) addConstant(type, name, createObject<EnumerationConstant>(type, code));
+    for (const auto& [name, code] : constants)
+        addConstant(type, name, createObject<EnumerationConstant>(type, code));
 }
 
 int code(PortTypeCode type) { return static_cast<int>(type); }
@@ -22,7 +23,7 @@ int code(ParameterTypeCode type) { return static_cast<int>(type); }
 }  // namespace
 
 PyTypeObject portTypeType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0)
+    .ob_base = typeHead,
     .tp_name = "capeopen_unit.PortType",
     .tp_basicsize = sizeof(PyObjectOf<EnumerationConstant>),
     .tp_dealloc = destroy<EnumerationConstant>,
@@ -34,37 +35,40 @@ PyTypeObject portTypeType = {
 };
 
 PyTypeObject portDirectionType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0)
+    .ob_base = typeHead,
     .tp_name = "capeopen_unit.PortDirection",
     .tp_basicsize = sizeof(PyObjectOf<EnumerationConstant>),
     .tp_dealloc = destroy<EnumerationConstant>,
     .tp_flags = Py_TPFLAGS_DEFAULT,
     .tp_doc = "PortDirection\n\nPass a PortDirection as direction argument when creating a port.\n\n"
               "Defined PortDirections are FEED and PRODUCT.",
-    .tp_new = refuse<"A PortDirection cannot be created. Use unit.PortDirection.FEED or unit.PortDirection.PRODUCT.">,
+    .tp_new = refuse<
+        "A PortDirection cannot be created. Use unit.PortDirection.FEED or unit.PortDirection.PRODUCT.">,
 };
 
 PyTypeObject parameterTypeType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0)
+    .ob_base = typeHead,
     .tp_name = "capeopen_unit.ParameterType",
     .tp_basicsize = sizeof(PyObjectOf<EnumerationConstant>),
     .tp_dealloc = destroy<EnumerationConstant>,
     .tp_flags = Py_TPFLAGS_DEFAULT,
     .tp_doc = "ParameterType\n\nPass a ParameterType as type argument when creating a Parameter.\n\n"
               "Defined ParameterTypes are REAL, INTEGER, BOOLEAN, STRING and ARRAY_REAL.",
-    .tp_new = refuse<"A ParameterType cannot be created. Use unit.ParameterType.REAL, unit.ParameterType.INTEGER, "
-                     "unit.ParameterType.BOOLEAN, unit.ParameterType.STRING, unit.ParameterType.ARRAY_REAL.">,
+    .tp_new =
+        refuse<"A ParameterType cannot be created. Use unit.ParameterType.REAL, unit.ParameterType.INTEGER, "
+               "unit.ParameterType.BOOLEAN, unit.ParameterType.STRING, unit.ParameterType.ARRAY_REAL.">,
 };
 
 PyTypeObject parameterModeType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0)
+    .ob_base = typeHead,
     .tp_name = "capeopen_unit.ParameterMode",
     .tp_basicsize = sizeof(PyObjectOf<EnumerationConstant>),
     .tp_dealloc = destroy<EnumerationConstant>,
     .tp_flags = Py_TPFLAGS_DEFAULT,
     .tp_doc = "ParameterMode\n\nPass a ParameterMode as mode argument when creating a Parameter.\n\n"
               "Defined ParameterModes are INPUT and OUTPUT.",
-    .tp_new = refuse<"A ParameterMode cannot be created. Use unit.ParameterMode.INPUT or unit.ParameterMode.OUTPUT.">,
+    .tp_new = refuse<
+        "A ParameterMode cannot be created. Use unit.ParameterMode.INPUT or unit.ParameterMode.OUTPUT.">,
 };
 
 void addPortTypes() {

@@ -19,7 +19,7 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject outputRedirectorType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0)
+    .ob_base = typeHead,
     .tp_name = "capeopen_unit.OutputRedirector",
     .tp_basicsize = sizeof(PyObjectOf<OutputRedirector>),
     .tp_dealloc = destroy<OutputRedirector>,

@@ -47,13 +47,16 @@ Value readOr(Value absent, PyObject* argument, const char* rule, Convert&& conve
     if (!isGiven(argument)) return absent;
     try {
         return convert(argument);
-    } catch (const PythonErrorSet&) {
+    }
+    catch (const PythonErrorSet&) {
         PyErr_Clear();
         throw StringException(rule);
     }
 }
 
-double readReal(double absent, PyObject* argument, const char* rule) { return readOr(absent, argument, rule, toDouble); }
+double readReal(double absent, PyObject* argument, const char* rule) {
+    return readOr(absent, argument, rule, toDouble);
+}
 
 int readInteger(int absent, PyObject* argument, const char* rule) {
     return readOr(absent, argument, rule, [](PyObject* value) {
@@ -106,9 +109,10 @@ StringValues readStringValues(const Arguments& given) {
     if (isGiven(given.options)) {
         values.options = readStringList("options", given.options).texts;
         require(!values.options.empty(), "If an option list is specified, it cannot be empty.");
-        require(!isGiven(given.standard) ||
-                    std::find(values.options.begin(), values.options.end(), values.standard) != values.options.end(),
-                "If an option list and default value are specified, default value must appear in option list.");
+        require(
+            !isGiven(given.standard) || std::find(values.options.begin(), values.options.end(),
+                                                  values.standard) != values.options.end(),
+            "If an option list and default value are specified, default value must appear in option list.");
     }
     return values;
 }
@@ -132,8 +136,10 @@ RealArrayValues readRealArrayValues(const Arguments& given) {
     RealArrayValues values{};
     values.length = given.hasLength() ? given.length : 0;
     values.elementStandard = readReal(nan, given.standard, "Invalid default value.");
-    if (isGiven(given.initial)) values.initial = readRealList("initial", given.initial);
-    else values.initial.assign(static_cast<std::size_t>(values.length), values.elementStandard);
+    if (isGiven(given.initial))
+        values.initial = readRealList("initial", given.initial);
+    else
+        values.initial.assign(static_cast<std::size_t>(values.length), values.elementStandard);
     values.min = readReal(nan, given.min, "Invalid minimum value.");
     values.max = readReal(nan, given.max, "Invalid maximum value.");
     return values;
@@ -149,13 +155,16 @@ std::string composedDescription(ParameterTypeCode type, bool isInput, bool hasOp
 
 }  // namespace
 
-ParameterDeclaration readParameterArguments(const ScriptedUnit& unit, PyObject* arguments, PyObject* keywords) {
-    static const char* const names[] = {"name",       "type",     "mode",        "default", "initial", "min",  "max",
-                                        "dimension", "difference", "optional", "description", "options", "length", nullptr};
+ParameterDeclaration readParameterArguments(const ScriptedUnit& unit, PyObject* arguments,
+                                            PyObject* keywords) {
+    static const char* const names[] = {"name",        "type",    "mode",      "default",    "initial",
+                                        "min",         "max",     "dimension", "difference", "optional",
+                                        "description", "options", "length",    nullptr};
     Arguments given;
-    if (!PyArg_ParseTupleAndKeywords(arguments, keywords, "sOO|$OOOOOppzOi:add_parameter", const_cast<char**>(names),
-                                     &given.name, &given.type, &given.mode, &given.standard, &given.initial, &given.min,
-                                     &given.max, &given.dimension, &given.difference, &given.optional, &given.description,
+    if (!PyArg_ParseTupleAndKeywords(arguments, keywords, "sOO|$OOOOOppzOi:add_parameter",
+                                     const_cast<char**>(names), &given.name, &given.type, &given.mode,
+                                     &given.standard, &given.initial, &given.min, &given.max,
+                                     &given.dimension, &given.difference, &given.optional, &given.description,
                                      &given.options, &given.length))
         throw PythonErrorSet();
     const auto* type = contentIf<EnumerationConstant>(given.type, parameterTypeType);
@@ -169,19 +178,18 @@ ParameterDeclaration readParameterArguments(const ScriptedUnit& unit, PyObject* 
     parameter.optional = given.optional != 0;
     const auto code = static_cast<ParameterTypeCode>(type->code);
     switch (code) {
-        case ParameterTypeCode::real: parameter.values = readRealValues(given); break;
-        case ParameterTypeCode::integer: parameter.values = readIntegerValues(given); break;
-        case ParameterTypeCode::string: parameter.values = readStringValues(given); break;
-        case ParameterTypeCode::boolean: parameter.values = readBooleanValues(given); break;
-        case ParameterTypeCode::arrayReal: parameter.values = readRealArrayValues(given); break;
-        default: throw StringException("Invalid parameter type.");
+    case ParameterTypeCode::real: parameter.values = readRealValues(given); break;
+    case ParameterTypeCode::integer: parameter.values = readIntegerValues(given); break;
+    case ParameterTypeCode::string: parameter.values = readStringValues(given); break;
+    case ParameterTypeCode::boolean: parameter.values = readBooleanValues(given); break;
+    case ParameterTypeCode::arrayReal: parameter.values = readRealArrayValues(given); break;
+    default: throw StringException("Invalid parameter type.");
     }
     if (code == ParameterTypeCode::real || code == ParameterTypeCode::arrayReal)
         parameter.dimensionality = readDimension(unit, given.dimension, given.difference != 0);
-    parameter.description =
-        given.description && *given.description
-            ? given.description
-            : composedDescription(code, parameter.isInput, isGiven(given.options));
+    parameter.description = given.description && *given.description
+                                ? given.description
+                                : composedDescription(code, parameter.isInput, isGiven(given.options));
     return parameter;
 }
 

@@ -6,6 +6,7 @@
 namespace orvane {
 
 /// Throws ArgumentTypeError, StringException with the broken rule, or PythonErrorSet.
-ParameterDeclaration readParameterArguments(const ScriptedUnit& unit, PyObject* arguments, PyObject* keywords);
+ParameterDeclaration readParameterArguments(const ScriptedUnit& unit, PyObject* arguments,
+                                            PyObject* keywords);
 
 }  // namespace orvane

@@ -44,12 +44,13 @@ std::vector<double> readDimension(const ScriptedUnit& unit, PyObject* dimension,
 }
 
 PortDeclaration readPortArguments(const ScriptedUnit& unit, PyObject* arguments, PyObject* keywords) {
-    static const char* const names[] = {"name",       "type", "direction", "optional", "data_name", "dimension",
-                                        "difference", "axle", "thermal",   nullptr};
+    static const char* const names[] = {"name",      "type",       "direction", "optional", "data_name",
+                                        "dimension", "difference", "axle",      "thermal",  nullptr};
     Arguments given;
-    if (!PyArg_ParseTupleAndKeywords(arguments, keywords, "sOO|$pzOppp:add_port", const_cast<char**>(names), &given.name,
-                                     &given.type, &given.direction, &given.optional, &given.dataName, &given.dimension,
-                                     &given.difference, &given.axle, &given.thermal))
+    if (!PyArg_ParseTupleAndKeywords(arguments, keywords, "sOO|$pzOppp:add_port", const_cast<char**>(names),
+                                     &given.name, &given.type, &given.direction, &given.optional,
+                                     &given.dataName, &given.dimension, &given.difference, &given.axle,
+                                     &given.thermal))
         throw PythonErrorSet();
     const auto* type = contentIf<EnumerationConstant>(given.type, portTypeType);
     if (!type) throw ArgumentTypeError("type must be PortType");
@@ -62,29 +63,30 @@ PortDeclaration readPortArguments(const ScriptedUnit& unit, PyObject* arguments,
     port.isFeed = direction->code != 0;
     port.optional = given.optional != 0;
     switch (port.type) {
-        case PortTypeCode::material:
-            refuseIf(given.dataName, "data_name", "material");
-            refuseIf(given.hasDimension(), "dimension", "material");
-            refuseIf(given.difference, "difference", "material");
-            refuseIf(given.axle, "axle", "material");
-            refuseIf(given.thermal, "thermal", "material");
-            break;
-        case PortTypeCode::energy:
-            refuseIf(given.dataName, "data_name", "energy");
-            refuseIf(given.hasDimension(), "dimension", "energy");
-            refuseIf(given.difference, "difference", "energy");
-            if (given.axle && given.thermal) throw StringException("energy port can be axle or thermal, but not both");
-            port.energyKind = given.axle      ? EnergyKind::axle
-                              : given.thermal ? EnergyKind::thermal
-                                              : EnergyKind::plain;
-            break;
-        case PortTypeCode::information:
-            refuseIf(given.axle, "axle", "information");
-            refuseIf(given.thermal, "thermal", "information");
-            port.dimensionality = readDimension(unit, given.dimension, given.difference != 0);
-            port.dataName = given.dataName ? given.dataName : given.name;
-            break;
-        default: throw StringException("Invalid port type, must be MATERIAL=0, ENERGY=1, or INFORMATION=2");
+    case PortTypeCode::material:
+        refuseIf(given.dataName, "data_name", "material");
+        refuseIf(given.hasDimension(), "dimension", "material");
+        refuseIf(given.difference, "difference", "material");
+        refuseIf(given.axle, "axle", "material");
+        refuseIf(given.thermal, "thermal", "material");
+        break;
+    case PortTypeCode::energy:
+        refuseIf(given.dataName, "data_name", "energy");
+        refuseIf(given.hasDimension(), "dimension", "energy");
+        refuseIf(given.difference, "difference", "energy");
+        if (given.axle && given.thermal)
+            throw StringException("energy port can be axle or thermal, but not both");
+        port.energyKind = given.axle      ? EnergyKind::axle
+                          : given.thermal ? EnergyKind::thermal
+                                          : EnergyKind::plain;
+        break;
+    case PortTypeCode::information:
+        refuseIf(given.axle, "axle", "information");
+        refuseIf(given.thermal, "thermal", "information");
+        port.dimensionality = readDimension(unit, given.dimension, given.difference != 0);
+        port.dataName = given.dataName ? given.dataName : given.name;
+        break;
+    default: throw StringException("Invalid port type, must be MATERIAL=0, ENERGY=1, or INFORMATION=2");
     }
     return port;
 }

@@ -32,7 +32,8 @@ std::vector<std::uint8_t> storePrivateData(ScriptedUnit& unit) {
             check(PyBytes_AsStringAndSize(bytes.get(), &begin, &size));
             stored.assign(begin, begin + size);
         }
-    } catch (const PythonErrorSet&) {
+    }
+    catch (const PythonErrorSet&) {
         printError();
     }
     warnOfErrors(entry, unit);
@@ -43,11 +44,12 @@ void restorePrivateData(std::span<const std::uint8_t> stored, ScriptedUnit& unit
     PythonEntry entry;
     try {
         const PyRef object = unit.unitObject();
-        const PyRef data = PyRef::steal(PyObject_CallMethod(
-            entry.engine().pickle(), "loads", "y#", reinterpret_cast<const char*>(stored.data()),
-            static_cast<Py_ssize_t>(stored.size())));
+        const PyRef data = PyRef::steal(PyObject_CallMethod(entry.engine().pickle(), "loads", "y#",
+                                                            reinterpret_cast<const char*>(stored.data()),
+                                                            static_cast<Py_ssize_t>(stored.size())));
         contentOf<UnitObject>(object.get()).privateData = data;
-    } catch (const PythonErrorSet&) {
+    }
+    catch (const PythonErrorSet&) {
         printError();
     }
     warnOfErrors(entry, unit);

@@ -27,26 +27,34 @@ class MissingName : public std::runtime_error {
 
 /// Runs the body of a function that the interpreter calls. Every other exception, those of the host included, becomes
 /// RuntimeError with its text. A body that gives an object gives null on failure, one that gives a status -1.
-template <class Body>
-auto pythonGuard(Body&& body) noexcept -> decltype(body()) {
+template <class Body> auto pythonGuard(Body&& body) noexcept -> decltype(body()) {
     try {
         return body();
-    } catch (const PythonErrorSet&) {
-    } catch (const std::bad_alloc&) {
+    }
+    catch (const PythonErrorSet&) {
+    }
+    catch (const std::bad_alloc&) {
         PyErr_NoMemory();
-    } catch (const ArgumentTypeError& error) {
+    }
+    catch (const ArgumentTypeError& error) {
         PyErr_SetString(PyExc_TypeError, error.what());
-    } catch (const RefusedValue& error) {
+    }
+    catch (const RefusedValue& error) {
         PyErr_SetString(PyExc_ValueError, error.what());
-    } catch (const MissingName& error) {
+    }
+    catch (const MissingName& error) {
         PyErr_SetString(PyExc_AttributeError, error.what());
-    } catch (const std::exception& error) {
+    }
+    catch (const std::exception& error) {
         PyErr_SetString(PyExc_RuntimeError, error.what());
-    } catch (...) {
+    }
+    catch (...) {
         PyErr_SetString(PyExc_SystemError, "unknown failure");
     }
-    if constexpr (std::is_pointer_v<decltype(body())>) return nullptr;
-    else return -1;
+    if constexpr (std::is_pointer_v<decltype(body())>)
+        return nullptr;
+    else
+        return -1;
 }
 
 }  // namespace orvane

@@ -22,9 +22,9 @@ struct Call {
 
 const char* nameOf(FunctionKind kind) {
     switch (kind) {
-        case FunctionKind::configure: return "Configure";
-        case FunctionKind::validate: return "Validate";
-        default: return "Calculate";
+    case FunctionKind::configure: return "Configure";
+    case FunctionKind::validate: return "Validate";
+    default: return "Calculate";
     }
 }
 
@@ -39,7 +39,8 @@ public:
     WarningRecorder(const WarningRecorder&) = delete;
     WarningRecorder& operator=(const WarningRecorder&) = delete;
     ~WarningRecorder() {
-        if (records_ && !PyRef::stealMaybe(PyObject_CallMethod(context_.get(), "__exit__", "OOO", Py_None, Py_None, Py_None)))
+        if (records_ && !PyRef::stealMaybe(PyObject_CallMethod(context_.get(), "__exit__", "OOO", Py_None,
+                                                               Py_None, Py_None)))
             PyErr_Clear();
     }
 
@@ -49,14 +50,17 @@ public:
         for (Py_ssize_t i = 0; i < PyList_GET_SIZE(records_.get()); ++i) {
             const PyRef record = PyRef::share(PyList_GET_ITEM(records_.get(), i));
             const PyRef message = PyRef::stealMaybe(PyObject_GetAttrString(record.get(), "message"));
-            if (message) unit.warn(describe(message.get()));
-            else PyErr_Clear();
+            if (message)
+                unit.warn(describe(message.get()));
+            else
+                PyErr_Clear();
         }
     }
 
 private:
     static PyObject* startContext() {
-        const PyRef type = PyRef::stealMaybe(PyObject_GetAttrString(scriptEngine().warnings(), "catch_warnings"));
+        const PyRef type =
+            PyRef::stealMaybe(PyObject_GetAttrString(scriptEngine().warnings(), "catch_warnings"));
         const PyRef none = PyRef::stealMaybe(PyTuple_New(0));
         const PyRef record = PyRef::stealMaybe(Py_BuildValue("{sO}", "record", Py_True));
         return type && none && record ? PyObject_Call(type.get(), none.get(), record.get()) : nullptr;
@@ -70,7 +74,10 @@ private:
 class CallDictionaries {
 public:
     CallDictionaries(ScriptedUnit& unit, FunctionKind kind)
-        : unit_(unit), object_(unit.unitObject()), content_(contentOf<UnitObject>(object_.get())), kind_(kind) {}
+        : unit_(unit),
+          object_(unit.unitObject()),
+          content_(contentOf<UnitObject>(object_.get())),
+          kind_(kind) {}
     CallDictionaries(const CallDictionaries&) = delete;
     CallDictionaries& operator=(const CallDictionaries&) = delete;
     ~CallDictionaries() {
@@ -96,7 +103,8 @@ public:
     void collect(std::string& errors) {
         if (kind_ != FunctionKind::calculate) return;
         std::vector<std::pair<std::string, std::string>> texts;
-        for (const auto& [name, file] : reports_) texts.emplace_back(name, contentOf<OutputRedirector>(file.get()).text);
+        for (const auto& [name, file] : reports_)
+            texts.emplace_back(name, contentOf<OutputRedirector>(file.get()).text);
         unit_.setReports(std::move(texts));
         unit_.writeBack(content_.ports.get(), errors);
     }
@@ -115,8 +123,10 @@ void makeCall(ScriptedUnit& unit, const Call& call, PyObject* function, std::str
     {
         const WarningRecorder warnings;
         const PyRef result = PyRef::stealMaybe(PyObject_CallObject(function, call.arguments().get()));
-        if (!result) printError();
-        else if (result.get() != Py_None) errors += "\nFunction '" + call.function + "' should not return a value";
+        if (!result)
+            printError();
+        else if (result.get() != Py_None)
+            errors += "\nFunction '" + call.function + "' should not return a value";
         warnings.tell(unit);
     }
     dictionaries.collect(errors);
@@ -131,8 +141,10 @@ PyRef findFunction(const ScriptedUnit& unit, const Call& call, std::string& erro
         function = PyRef::stealMaybe(found);
         if (status < 0) {
             // The module's own __getattr__ failed.
-            if (call.required) printError();
-            else PyErr_Clear();
+            if (call.required)
+                printError();
+            else
+                PyErr_Clear();
             return {};
         }
     }
@@ -146,12 +158,16 @@ CallTexts run(ScriptedUnit& unit, const ScriptModule& script, const Call& call) 
     std::string& errors = entry.engine().errorText();
     try {
         const ShownSource shown(script.source());
-        if (const PyRef function = findFunction(unit, call, errors)) makeCall(unit, call, function.get(), errors);
-    } catch (const PythonErrorSet&) {
+        if (const PyRef function = findFunction(unit, call, errors))
+            makeCall(unit, call, function.get(), errors);
+    }
+    catch (const PythonErrorSet&) {
         printError();
-    } catch (const std::exception& error) {
+    }
+    catch (const std::exception& error) {
         errors += std::string("\nUnhandled exception: ") + error.what();
-    } catch (...) {
+    }
+    catch (...) {
         errors += "\nUnhandled exception";
     }
     CallTexts texts{entry.takeOutput(), entry.takeErrors()};
@@ -161,14 +177,15 @@ CallTexts run(ScriptedUnit& unit, const ScriptModule& script, const Call& call) 
 
 }  // namespace
 
-CallTexts callScriptFunction(ScriptedUnit& unit, const ScriptModule& script, FunctionKind kind, bool required) {
+CallTexts callScriptFunction(ScriptedUnit& unit, const ScriptModule& script, FunctionKind kind,
+                             bool required) {
     return run(unit, script, {kind, nameOf(kind), required, [&] { return unit.callArguments(); }});
 }
 
 CallTexts callImageFunction(ScriptedUnit& unit, const ScriptModule& script, const ImageCall& image) {
     const auto arguments = [&] {
-        return PyRef::steal(Py_BuildValue("(ONii)", unit.unitObject().get(), toPython(image.path).detach(), image.width,
-                                          image.height));
+        return PyRef::steal(Py_BuildValue("(ONii)", unit.unitObject().get(), toPython(image.path).detach(),
+                                          image.width, image.height));
     };
     return run(unit, script, {FunctionKind::named, image.function, true, arguments});
 }

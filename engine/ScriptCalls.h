@@ -3,8 +3,8 @@
 // Not here: loading the script (ScriptModule), when to call what (the unit).
 #pragma once
 
-#include "engine/ScriptModule.h"
 #include "engine/ScriptedUnit.h"
+#include "engine/ScriptModule.h"
 
 #include <string>
 
@@ -20,13 +20,14 @@ struct CallTexts {
 
 /// Calls one of the three functions that have their own kind. A script without Validate passes it, and a module that stands for the script need
 /// not have a Configure of its own: such functions are not `required`. Throws only when the interpreter did not start.
-CallTexts callScriptFunction(ScriptedUnit& unit, const ScriptModule& script, FunctionKind kind, bool required = true);
+CallTexts callScriptFunction(ScriptedUnit& unit, const ScriptModule& script, FunctionKind kind,
+                             bool required = true);
 
 /// A picture to be drawn by a function of the script.
 struct ImageCall {
     std::string function;
-    std::string path;  // of the PNG file to write
-    int width, height; // pixels
+    std::string path;   // of the PNG file to write
+    int width, height;  // pixels
 };
 
 /// Calls function(unit, path, width, height). Throws only when the interpreter did not start.

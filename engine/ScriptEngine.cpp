@@ -36,14 +36,16 @@ public:
     /// Decodes as the interpreter does, so that any file name survives.
     void addSearchPath(const std::string& entry) {
         wchar_t* decoded = Py_DecodeLocale(entry.c_str(), nullptr);
-        if (!decoded) throw COBIA::StringException() << "cannot decode the search path entry '" << entry << "'";
+        if (!decoded)
+            throw COBIA::StringException() << "cannot decode the search path entry '" << entry << "'";
         const PyStatus status = PyWideStringList_Append(&config_.module_search_paths, decoded);
         PyMem_RawFree(decoded);
         require(status);
     }
 
     static void require(const PyStatus& status) {
-        if (PyStatus_Exception(status)) throw COBIA::StringException(status.err_msg ? status.err_msg : "Py_Initialize failed");
+        if (PyStatus_Exception(status))
+            throw COBIA::StringException(status.err_msg ? status.err_msg : "Py_Initialize failed");
     }
 
 private:
@@ -61,7 +63,8 @@ std::wstring pythonExecutable() {
             std::error_code failed;
             if (fs::exists(python, failed)) return python.wstring();
         }
-    } catch (const std::exception&) {
+    }
+    catch (const std::exception&) {
         // Without its location there is no python to name either.
     }
     return {};
@@ -85,16 +88,21 @@ ScriptEngine::ScriptEngine(std::span<const ScriptingType> types) noexcept {
         addTypes(types);
         importModules();
         if (!foreign) savedThread_ = PyEval_SaveThread();
-    } catch (const PythonErrorSet&) {
+    }
+    catch (const PythonErrorSet&) {
         const PyRef error = PyRef::stealMaybe(PyErr_GetRaisedException());
         startupError_ = "Failed to initialize Python: " + describe(error.get());
-    } catch (const std::exception& error) {
+    }
+    catch (const std::exception& error) {
         startupError_ = std::string("Failed to initialize Python: ") + error.what();
-    } catch (...) {
+    }
+    catch (...) {
         startupError_ = "Failed to initialize Python";
     }
-    if (locked) PyGILState_Release(lock);
-    else if (interpreterActive_ && !savedThread_) savedThread_ = PyEval_SaveThread();
+    if (locked)
+        PyGILState_Release(lock);
+    else if (interpreterActive_ && !savedThread_)
+        savedThread_ = PyEval_SaveThread();
 }
 
 void ScriptEngine::startInterpreter() {
@@ -137,20 +145,28 @@ void ScriptEngine::importModules() {
 ScriptEngine::~ScriptEngine() {
     // Another component that started the interpreter may have ended it already.
     if (!interpreterActive_ || !Py_IsInitialized()) {
-        for (PyRef* reference : {&warnings_, &pickle_, &lineCache_, &stdoutCapture_, &stderrCapture_}) reference->detach();
+        for (PyRef* reference : {&warnings_, &pickle_, &lineCache_, &stdoutCapture_, &stderrCapture_})
+            reference->detach();
         return;
     }
     const PyGILState_STATE lock = PyGILState_Ensure();
-    for (PyRef* reference : {&warnings_, &stdoutCapture_, &stderrCapture_, &pickle_, &lineCache_}) *reference = PyRef();
+    for (PyRef* reference : {&warnings_, &stdoutCapture_, &stderrCapture_, &pickle_, &lineCache_})
+        *reference = PyRef();
     PyGILState_Release(lock);
-    if (savedThread_) PyEval_RestoreThread(savedThread_);
-    else PyGILState_Ensure();
+    if (savedThread_)
+        PyEval_RestoreThread(savedThread_);
+    else
+        PyGILState_Ensure();
     Py_FinalizeEx();
 }
 
-std::string& ScriptEngine::outputText() const noexcept { return contentOf<OutputRedirector>(stdoutCapture_.get()).text; }
+std::string& ScriptEngine::outputText() const noexcept {
+    return contentOf<OutputRedirector>(stdoutCapture_.get()).text;
+}
 
-std::string& ScriptEngine::errorText() const noexcept { return contentOf<OutputRedirector>(stderrCapture_.get()).text; }
+std::string& ScriptEngine::errorText() const noexcept {
+    return contentOf<OutputRedirector>(stderrCapture_.get()).text;
+}
 
 void ScriptEngine::captureOutput() const noexcept {
     if (PySys_SetObject("stdout", stdoutCapture_.get()) < 0) PyErr_Clear();

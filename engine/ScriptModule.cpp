@@ -16,11 +16,14 @@ std::string ScriptModule::load(const std::string& file) {
         const ShownSource shown(source_);
         PyObject* dictionary = PyModule_GetDict(module_.get());
         PyCompilerFlags flags = {.cf_flags = 0, .cf_feature_version = 14};
-        if (!PyRef::stealMaybe(PyRun_StringFlags(script.c_str(), Py_file_input, dictionary, dictionary, &flags)))
+        if (!PyRef::stealMaybe(
+                PyRun_StringFlags(script.c_str(), Py_file_input, dictionary, dictionary, &flags)))
             printError();
-    } catch (const PythonErrorSet&) {
+    }
+    catch (const PythonErrorSet&) {
         printError();
-    } catch (const COBIA::StringException& unreadable) {
+    }
+    catch (const COBIA::StringException& unreadable) {
         entry.engine().errorText() += std::string("Could not open file: ") + unreadable.what();
     }
     std::string errors = entry.takeErrors();

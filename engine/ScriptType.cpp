@@ -3,8 +3,10 @@
 namespace orvane {
 
 int refuseWrite(PyObject*, PyObject*, void* name) noexcept {
-    if (name) PyErr_Format(PyExc_RuntimeError, "The property '%s' is read-only", static_cast<const char*>(name));
-    else PyErr_SetString(PyExc_RuntimeError, "The property is read-only");
+    if (name)
+        PyErr_Format(PyExc_RuntimeError, "The property '%s' is read-only", static_cast<const char*>(name));
+    else
+        PyErr_SetString(PyExc_RuntimeError, "The property is read-only");
     return -1;
 }
 

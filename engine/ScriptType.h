@@ -18,21 +18,15 @@
 
 namespace orvane {
 
-template <class Content>
-struct PyObjectOf {
-    PyObject_HEAD
-    Content content;
-};
+template <class Content> struct PyObjectOf { PyObject_HEAD Content content; };
 
 /// The C++ object behind a Python object of the matching type.
-template <class Content>
-Content& contentOf(PyObject* object) noexcept {
+template <class Content> Content& contentOf(PyObject* object) noexcept {
     return reinterpret_cast<PyObjectOf<Content>*>(object)->content;
 }
 
 /// Null when the object is of another type.
-template <class Content>
-Content* contentIf(PyObject* object, PyTypeObject& type) noexcept {
+template <class Content> Content* contentIf(PyObject* object, PyTypeObject& type) noexcept {
     return PyObject_TypeCheck(object, &type) ? &contentOf<Content>(object) : nullptr;
 }
 
@@ -43,7 +37,8 @@ PyRef createObject(PyTypeObject& type, Arguments&&... arguments) {
     if (!object) throw PythonErrorSet();
     try {
         std::construct_at(&object->content, std::forward<Arguments>(arguments)...);
-    } catch (...) {
+    }
+    catch (...) {
         PyObject_Free(object);
         throw;
     }
@@ -52,31 +47,25 @@ PyRef createObject(PyTypeObject& type, Arguments&&... arguments) {
 
 // The functions of a type, made from members.
 
-template <class Content>
-void destroy(PyObject* object) noexcept {
+template <class Content> void destroy(PyObject* object) noexcept {
     std::destroy_at(&contentOf<Content>(object));
     Py_TYPE(object)->tp_free(object);
 }
 
-template <class Member>
-struct ClassOf;
-template <class T, class Class>
-struct ClassOf<T Class::*> {
-    using type = Class;
-};
+template <class Member> struct ClassOf;
+template <class T, class Class> struct ClassOf<T Class::*> { using type = Class; };
 
-template <auto member>
-PyObject* get(PyObject* self, void*) noexcept {
+template <auto member> PyObject* get(PyObject* self, void*) noexcept {
     using Content = typename ClassOf<decltype(member)>::type;
     return pythonGuard([&] { return toPython((contentOf<Content>(self).*member)()).detach(); });
 }
 
-template <auto member>
-int set(PyObject* self, PyObject* value, void* name) noexcept {
+template <auto member> int set(PyObject* self, PyObject* value, void* name) noexcept {
     using Content = typename ClassOf<decltype(member)>::type;
     return pythonGuard([&] {
         if (!value) {
-            PyErr_Format(PyExc_AttributeError, "The property '%s' cannot be deleted", static_cast<const char*>(name));
+            PyErr_Format(PyExc_AttributeError, "The property '%s' cannot be deleted",
+                         static_cast<const char*>(name));
             throw PythonErrorSet();
         }
         (contentOf<Content>(self).*member)(value);
@@ -112,8 +101,7 @@ constexpr PyGetSetDef readWrite(const char* name, getter get, setter set, const 
     return {name, get, set, doc, const_cast<char*>(name)};
 }
 
-template <auto member>
-PyMethodDef methodWithKeywords(const char* name, const char* doc) {
+template <auto member> PyMethodDef methodWithKeywords(const char* name, const char* doc) {
     PyCFunctionWithKeywords function = [](PyObject* self, PyObject* arguments, PyObject* keywords) noexcept {
         return invokeMethod<member>(self, arguments, keywords);
     };
@@ -121,26 +109,26 @@ PyMethodDef methodWithKeywords(const char* name, const char* doc) {
             METH_VARARGS | METH_KEYWORDS, doc};
 }
 
-template <auto member>
-PyMethodDef methodWithArgument(const char* name, const char* doc) {
+template <auto member> PyMethodDef methodWithArgument(const char* name, const char* doc) {
     PyCFunction function = [](PyObject* self, PyObject* argument) noexcept {
         return invokeMethod<member>(self, argument);
     };
     return {name, function, METH_O, doc};
 }
 
-template <std::size_t size>
-struct LiteralText {
+template <std::size_t size> struct LiteralText {
     char text[size];
     consteval LiteralText(const char (&literal)[size]) { std::copy_n(literal, size, text); }
 };
 
 /// The constructor of a type that scripts cannot create.
-template <LiteralText message>
-PyObject* refuse(PyTypeObject*, PyObject*, PyObject*) noexcept {
+template <LiteralText message> PyObject* refuse(PyTypeObject*, PyObject*, PyObject*) noexcept {
     PyErr_SetString(PyExc_RuntimeError, message.text);
     return nullptr;
 }
+
+/// How every static type begins, before it is made ready.
+inline constexpr PyVarObject typeHead = {PyObject_HEAD_INIT(nullptr) 0};
 
 /// One row of the ordered list of scripting types that the engine makes ready.
 struct ScriptingType {

@@ -55,7 +55,8 @@ std::optional<std::vector<std::string>> searchPath() {
     std::vector<std::string> result;
     try {
         result = installationPath(moduleFile(addressOf(&Py_Initialize)));
-    } catch (const std::exception&) {
+    }
+    catch (const std::exception&) {
         return std::nullopt;  // the interpreter then finds its own way
     }
     if (const auto added = environmentVariable("PYTHONPATH"))

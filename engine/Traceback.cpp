@@ -17,8 +17,10 @@ constexpr const char* scriptFileName = "<string>";
 std::string plainText(PyObject* error) {
     std::string text = Py_TYPE(error)->tp_name;
     const PyRef message = PyRef::stealMaybe(PyObject_ASCII(error));
-    if (message) text += ": " + toText(message.get());
-    else PyErr_Clear();
+    if (message)
+        text += ": " + toText(message.get());
+    else
+        PyErr_Clear();
     return text + "\n";
 }
 
@@ -69,8 +71,10 @@ std::string extractFailingLine(const std::string& text) {
     }
     std::string result;
     for (const char c : std::string_view(text).substr(std::min(text.find_first_not_of(' '), text.size()))) {
-        if (c == '\n') result += "; ";
-        else if (c != '\r') result += c;
+        if (c == '\n')
+            result += "; ";
+        else if (c != '\r')
+            result += c;
     }
     return result;
 }
@@ -85,14 +89,17 @@ ShownSource::ShownSource(const PyRef& source) {
 }
 
 ShownSource::~ShownSource() {
-    if (previous_ && PyDict_SetItemString(scriptEngine().lineCache(), scriptFileName, previous_.get()) < 0) PyErr_Clear();
+    if (previous_ && PyDict_SetItemString(scriptEngine().lineCache(), scriptFileName, previous_.get()) < 0)
+        PyErr_Clear();
 }
 
 PyRef sourceOf(const std::string& script) {
-    const PyRef text = PyRef::steal(PyUnicode_DecodeUTF8(script.data(), static_cast<Py_ssize_t>(script.size()), "replace"));
+    const PyRef text =
+        PyRef::steal(PyUnicode_DecodeUTF8(script.data(), static_cast<Py_ssize_t>(script.size()), "replace"));
     const PyRef lines = PyRef::steal(PyObject_CallMethod(text.get(), "splitlines", "O", Py_True));
     // An entry without a modification time is one that linecache does not check against a file.
-    return PyRef::steal(Py_BuildValue("nOOs", PyList_GET_SIZE(lines.get()), Py_None, lines.get(), scriptFileName));
+    return PyRef::steal(
+        Py_BuildValue("nOOs", PyList_GET_SIZE(lines.get()), Py_None, lines.get(), scriptFileName));
 }
 
 }  // namespace orvane

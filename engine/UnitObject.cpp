@@ -9,13 +9,13 @@ namespace {
 
 using COBIA::StringException;
 
-template <PyRef UnitObject::*dictionary>
-PyObject* getDictionary(PyObject* self, void*) noexcept {
-    return (contentOf<UnitObject>(self).*dictionary).get() ? Py_NewRef((contentOf<UnitObject>(self).*dictionary).get())
-                                                           : nullptr;
+template <PyRef UnitObject::*dictionary> PyObject* getDictionary(PyObject* self, void*) noexcept {
+    return (contentOf<UnitObject>(self).*dictionary).get()
+               ? Py_NewRef((contentOf<UnitObject>(self).*dictionary).get())
+               : nullptr;
 }
 
-#define EXTERNAL_OBJECTS \
+#define EXTERNAL_OBJECTS                                                                                                 \
     "\n\nWarning: direct or indirect references to external objects (streams, compounds, stream parameters) may not be " \
     "stored."
 
@@ -24,24 +24,29 @@ PyGetSetDef attributes[] = {
              "Objects connected to ports.\n\nDictionary by port name; filled during Validate and Calculate."),
     readOnly("parameters", getDictionary<&UnitObject::parameters>,
              "Parameter objects.\n\nDictionary by parameter name; filled during Validate and Calculate."),
-    readOnly("reports", getDictionary<&UnitObject::reports>,
-             "Output file objects for printing reports.\n\nDictionary by report name; filled during Validate and "
-             "Calculate. Example:\n\nprint('Duty', duty, file=unit.reports['Summary'])"),
-    readOnly("validation_data", getDictionary<&UnitObject::validationData>,
-             "Data of the last validation.\n\nThe validation_data dictionary is cleared prior to a call to Validate. Data "
-             "stored during Validate are available during Calculate.\n\nUnlike private_data, validation_data is not "
-             "persisted." EXTERNAL_OBJECTS),
-    readOnly("private_data", getDictionary<&UnitObject::privateData>,
-             "Data of the script that are saved with the unit operation.\n\nData in private_data is persisted\nbetween "
-             "sessions. Only data that can be pickled should be stored. Persistence\nproblems in private_data are "
-             "reported as warning to the simulation environment" EXTERNAL_OBJECTS),
-    readOnly("volatile_data", getDictionary<&UnitObject::volatileData>,
-             "Data of the script that are kept between calls.\n\nUnlike private_data, data in volatile_data is not "
-             "persisted between sessions." EXTERNAL_OBJECTS),
-    readWrite("allow_inconsistent_compounds", get<&UnitObject::allowInconsistentCompounds>,
-              set<&UnitObject::setAllowInconsistentCompounds>,
-              "If False (default), the unit will validate only if all Material Ports have the same compound slate. Can be "
-              "set to True during Configure."),
+    readOnly(
+        "reports", getDictionary<&UnitObject::reports>,
+        "Output file objects for printing reports.\n\nDictionary by report name; filled during Validate and "
+        "Calculate. Example:\n\nprint('Duty', duty, file=unit.reports['Summary'])"),
+    readOnly(
+        "validation_data", getDictionary<&UnitObject::validationData>,
+        "Data of the last validation.\n\nThe validation_data dictionary is cleared prior to a call to Validate. Data "
+        "stored during Validate are available during Calculate.\n\nUnlike private_data, validation_data is not "
+        "persisted." EXTERNAL_OBJECTS),
+    readOnly(
+        "private_data", getDictionary<&UnitObject::privateData>,
+        "Data of the script that are saved with the unit operation.\n\nData in private_data is persisted\nbetween "
+        "sessions. Only data that can be pickled should be stored. Persistence\nproblems in private_data are "
+        "reported as warning to the simulation environment" EXTERNAL_OBJECTS),
+    readOnly(
+        "volatile_data", getDictionary<&UnitObject::volatileData>,
+        "Data of the script that are kept between calls.\n\nUnlike private_data, data in volatile_data is not "
+        "persisted between sessions." EXTERNAL_OBJECTS),
+    readWrite(
+        "allow_inconsistent_compounds", get<&UnitObject::allowInconsistentCompounds>,
+        set<&UnitObject::setAllowInconsistentCompounds>,
+        "If False (default), the unit will validate only if all Material Ports have the same compound slate. Can be "
+        "set to True during Configure."),
     {},
 };
 
@@ -83,13 +88,14 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject unitType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0)
+    .ob_base = typeHead,
     .tp_name = "capeopen_unit.unit",
     .tp_basicsize = sizeof(PyObjectOf<UnitObject>),
     .tp_dealloc = destroy<UnitObject>,
     .tp_flags = Py_TPFLAGS_DEFAULT,
-    .tp_doc = "Unit operation.\n\nIt is passed as argument to functions such as Configure and Calculate in the Python "
-              "script.",
+    .tp_doc =
+        "Unit operation.\n\nIt is passed as argument to functions such as Configure and Calculate in the Python "
+        "script.",
     .tp_methods = methods,
     .tp_getset = attributes,
     .tp_new = refuse<"A unit operation cannot be created. It is passed as argument.">,
@@ -123,7 +129,8 @@ void UnitObject::addImage(PyObject* arguments, PyObject* keywords) {
     static const char* const names[] = {"name", "function", nullptr};
     const char* name = nullptr;
     const char* function = nullptr;
-    if (!PyArg_ParseTupleAndKeywords(arguments, keywords, "ss:add_image", const_cast<char**>(names), &name, &function))
+    if (!PyArg_ParseTupleAndKeywords(arguments, keywords, "ss:add_image", const_cast<char**>(names), &name,
+                                     &function))
         throw PythonErrorSet();
     owner().addImage(name, function);
 }
@@ -135,6 +142,8 @@ void UnitObject::defineFrom(PyObject* module) {
 
 bool UnitObject::allowInconsistentCompounds() const { return owner().allowsInconsistentCompounds(); }
 
-void UnitObject::setAllowInconsistentCompounds(PyObject* allow) { owner().setAllowInconsistentCompounds(toBool(allow)); }
+void UnitObject::setAllowInconsistentCompounds(PyObject* allow) {
+    owner().setAllowInconsistentCompounds(toBool(allow));
+}
 
 }  // namespace orvane

@@ -3,8 +3,8 @@
 // Not here: the rules of each method's arguments (PortArguments, ParameterArguments), those of registration (the unit).
 #pragma once
 
-#include "engine/ScriptType.h"
 #include "engine/ScriptedUnit.h"
+#include "engine/ScriptType.h"
 
 namespace orvane {
 

@@ -6,9 +6,9 @@
 
 namespace orvane::host {
 
-/// What was printed, with plain line ends: the report without the lines that say when the calculation began and how long
-/// it took, and without `error`, the error text that a failed calculation ends with (empty after a success). A report
-/// of another form is given whole.
+/// What was printed, with plain line ends: the report without the lines that say when the calculation began
+/// and how long it took, and without `error`, the error text that a failed calculation ends with (empty after
+/// a success). A report of another form is given whole.
 std::string printedOutput(std::string_view report, std::string_view error);
 
 }  // namespace orvane::host

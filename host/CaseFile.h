@@ -1,5 +1,5 @@
-// A case: which package, which script, which parameters and which feeds. Pure data, each item with the line of the file
-// that it came from, for messages about what only the unit can judge.
+// A case: which package, which script, which parameters and which feeds. Pure data, each item with the line
+// of the file that it came from, for messages about what only the unit can judge.
 // Not here: the TOML form (CaseReader).
 #pragma once
 
@@ -16,7 +16,8 @@
 
 namespace orvane::host {
 
-/// A wrong case file, or a wrong value given on the command line. The message is ready to show: "FILE:LINE: what".
+/// A wrong case file, or a wrong value given on the command line. The message is ready to show: "FILE:LINE:
+/// what".
 class CaseError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

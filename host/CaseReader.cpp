@@ -55,7 +55,8 @@ private:
     const package::Compound& compound(const std::string& name, int line) const {
         try {
             return CompoundTable::instance().at(name);
-        } catch (const package::PackageError& error) {
+        }
+        catch (const package::PackageError& error) {
             fail(line, error.what());
         }
     }
@@ -70,12 +71,14 @@ private:
             }
         }
         const auto* compounds = in.get("compounds");
-        if (!compounds) fail(line, "[package] has no 'compounds'; name them: compounds = [\"methane\", \"ethane\"]");
+        if (!compounds)
+            fail(line, "[package] has no 'compounds'; name them: compounds = [\"methane\", \"ethane\"]");
         std::vector<package::Compound> chosen;
         for (const auto& node : array(*compounds, "compounds")) {
             chosen.push_back(compound(text(node, "compounds"), lineOf(node)));
         }
-        if (chosen.empty()) fail(lineOf(*compounds), "'compounds' is empty; a package takes one compound at least");
+        if (chosen.empty())
+            fail(lineOf(*compounds), "'compounds' is empty; a package takes one compound at least");
 
         std::vector<package::Interaction> overrides;
         if (const auto* interactions = in.get("interaction")) {
@@ -85,7 +88,8 @@ private:
         }
         try {
             case_.package = std::make_shared<PropertyPackage>(std::move(chosen), overrides);
-        } catch (const package::PackageError& error) {
+        }
+        catch (const package::PackageError& error) {
             fail(lineOf(*compounds), error.what());
         }
     }
@@ -97,8 +101,8 @@ private:
         if (!pair || !kij) fail(lineOf(in), "an interaction takes 'pair', two compounds, and 'kij'");
         const auto& names = array(*pair, "pair");
         if (names.size() != 2) fail(lineOf(*pair), "'pair' is to name two compounds");
-        return {compound(text(names[0], "pair"), lineOf(*pair)).id, compound(text(names[1], "pair"), lineOf(*pair)).id,
-                number(*kij, "kij")};
+        return {compound(text(names[0], "pair"), lineOf(*pair)).id,
+                compound(text(names[1], "pair"), lineOf(*pair)).id, number(*kij, "kij")};
     }
 
     void readUnit(const toml::table& in) {
@@ -107,7 +111,8 @@ private:
         if (const auto* name = in.get("name")) case_.unitName = text(*name, "name");
         if (const auto* parameters = in.get("parameters")) {
             for (const auto& [name, value] : table(*parameters, "unit.parameters")) {
-                case_.parameters.push_back({std::string(name.str()), parameterValue(std::string(name.str()), value),
+                case_.parameters.push_back({std::string(name.str()),
+                                            parameterValue(std::string(name.str()), value),
                                             fmt::format("{}:{}", case_.file.string(), lineOf(name))});
             }
         }
@@ -118,37 +123,41 @@ private:
         std::string content;
         try {
             content = readText(script);
-        } catch (const std::runtime_error& error) {
-            fail(lineOf(node), fmt::format("the script '{}' cannot be read: {}", script.string(), error.what()));
+        }
+        catch (const std::runtime_error& error) {
+            fail(lineOf(node),
+                 fmt::format("the script '{}' cannot be read: {}", script.string(), error.what()));
         }
         if (COBIA::wellFormed(content) != content) {
-            fail(lineOf(node), fmt::format("the script '{}' is not UTF-8 text; save it as UTF-8", script.string()));
+            fail(lineOf(node),
+                 fmt::format("the script '{}' is not UTF-8 text; save it as UTF-8", script.string()));
         }
         return content;
     }
 
     CaseValue parameterValue(const std::string& name, const toml::node& node) const {
         switch (node.type()) {
-            case toml::node_type::string: return node.as_string()->get();
-            case toml::node_type::boolean: return node.as_boolean()->get();
-            case toml::node_type::integer: return node.as_integer()->get();
-            case toml::node_type::floating_point: return node.as_floating_point()->get();
-            case toml::node_type::array: {
-                std::vector<double> values;
-                for (const auto& element : *node.as_array()) {
-                    const auto value = element.is_number() ? element.value<double>() : std::nullopt;
-                    if (!value) {
-                        fail(lineOf(element), fmt::format("parameter '{}': an array holds numbers, not {}", name,
-                                                          typeName(element)));
-                    }
-                    values.push_back(*value);
+        case toml::node_type::string: return node.as_string()->get();
+        case toml::node_type::boolean: return node.as_boolean()->get();
+        case toml::node_type::integer: return node.as_integer()->get();
+        case toml::node_type::floating_point: return node.as_floating_point()->get();
+        case toml::node_type::array: {
+            std::vector<double> values;
+            for (const auto& element : *node.as_array()) {
+                const auto value = element.is_number() ? element.value<double>() : std::nullopt;
+                if (!value) {
+                    fail(lineOf(element), fmt::format("parameter '{}': an array holds numbers, not {}", name,
+                                                      typeName(element)));
                 }
-                return values;
+                values.push_back(*value);
             }
-            default:
-                fail(lineOf(node), fmt::format("parameter '{}' is to be a number, a text, true or false, or an array "
-                                               "of numbers, not {}",
-                                               name, typeName(node)));
+            return values;
+        }
+        default:
+            fail(lineOf(node),
+                 fmt::format("parameter '{}' is to be a number, a text, true or false, or an array "
+                             "of numbers, not {}",
+                             name, typeName(node)));
         }
     }
 
@@ -162,26 +171,29 @@ private:
 
     CaseState readState(const std::string& where, int line, const toml::table& in) const {
         std::vector<Condition> conditions;
-        for (const ConditionKind kind : {ConditionKind::temperature, ConditionKind::pressure, ConditionKind::enthalpy,
-                                         ConditionKind::entropy}) {
+        for (const ConditionKind kind : {ConditionKind::temperature, ConditionKind::pressure,
+                                         ConditionKind::enthalpy, ConditionKind::entropy}) {
             const auto* node = in.get(conditionName(kind));
             if (!node) continue;
             const double value = number(*node, conditionName(kind));
             const bool absolute = kind == ConditionKind::temperature || kind == ConditionKind::pressure;
             if (absolute && value <= 0) {
-                fail(lineOf(*node), fmt::format("'{}' is {}, which is not positive{}", conditionName(kind), value,
-                                                kind == ConditionKind::temperature ? "; it is in K" : ""));
+                fail(lineOf(*node),
+                     fmt::format("'{}' is {}, which is not positive{}", conditionName(kind), value,
+                                 kind == ConditionKind::temperature ? "; it is in K" : ""));
             }
             conditions.push_back({kind, value});
         }
         if (conditions.size() != 2) {
-            fail(line, fmt::format("[{}] has {} of the conditions temperature [K], pressure [Pa], enthalpy [J/mol], "
-                                   "entropy [J/mol/K]; a stream takes two of them",
-                                   where, conditions.size()));
+            fail(line, fmt::format(
+                           "[{}] has {} of the conditions temperature [K], pressure [Pa], enthalpy [J/mol], "
+                           "entropy [J/mol/K]; a stream takes two of them",
+                           where, conditions.size()));
         }
         if (!PropertyPackage::supports(conditions[0].kind, conditions[1].kind)) {
-            fail(line, fmt::format("[{}]: {} and {} together are not supported; pressure with one of the others is",
-                                   where, conditionName(conditions[0].kind), conditionName(conditions[1].kind)));
+            fail(line,
+                 fmt::format("[{}]: {} and {} together are not supported; pressure with one of the others is",
+                             where, conditionName(conditions[0].kind), conditionName(conditions[1].kind)));
         }
         const auto* flow = in.get("flow_rate");
         if (!flow) fail(line, fmt::format("[{}] has no 'flow_rate' [mol/s]", where));
@@ -189,8 +201,9 @@ private:
         if (flowRate < 0) fail(lineOf(*flow), fmt::format("'flow_rate' is {}, which is negative", flowRate));
         const auto* composition = in.get("composition");
         if (!composition) {
-            fail(line, fmt::format("[{}] has no 'composition'; write composition = {{ methane = 0.9, ethane = 0.1 }}",
-                                   where));
+            fail(line, fmt::format(
+                           "[{}] has no 'composition'; write composition = {{ methane = 0.9, ethane = 0.1 }}",
+                           where));
         }
         return {conditions[0], conditions[1], flowRate, readComposition(*composition)};
     }
@@ -200,22 +213,24 @@ private:
         std::vector<double> fractions(ids.size());
         if (const auto* given = node.as_array()) {
             if (given->size() != ids.size()) {
-                fail(lineOf(node), fmt::format("'composition' has {} fractions for {} compounds ({})", given->size(),
-                                               ids.size(), listed(ids)));
+                fail(lineOf(node), fmt::format("'composition' has {} fractions for {} compounds ({})",
+                                               given->size(), ids.size(), listed(ids)));
             }
             for (std::size_t i = 0; i < ids.size(); ++i) fractions[i] = fraction((*given)[i], ids[i]);
         } else {
             std::vector<bool> seen(ids.size());
             for (const auto& [name, value] : table(node, "composition")) {
                 const std::size_t i = indexOf(std::string(name.str()), lineOf(name));
-                if (seen[i]) fail(lineOf(name), fmt::format("compound '{}' stands in 'composition' twice", ids[i]));
+                if (seen[i])
+                    fail(lineOf(name), fmt::format("compound '{}' stands in 'composition' twice", ids[i]));
                 seen[i] = true;
                 fractions[i] = fraction(value, ids[i]);
             }
         }
         const double sum = std::accumulate(fractions.begin(), fractions.end(), 0.0);
         if (!(std::abs(sum - 1) <= sumTolerance)) {
-            fail(lineOf(node), fmt::format("the mole fractions of 'composition' add up to {:.7g}, not to 1", sum));
+            fail(lineOf(node),
+                 fmt::format("the mole fractions of 'composition' add up to {:.7g}, not to 1", sum));
         }
         for (double& value : fractions) value /= sum;
         return fractions;
@@ -223,7 +238,9 @@ private:
 
     double fraction(const toml::node& node, const std::string& compound) const {
         const double value = number(node, compound);
-        if (value < 0) fail(lineOf(node), fmt::format("the mole fraction of '{}' is {}, which is negative", compound, value));
+        if (value < 0)
+            fail(lineOf(node),
+                 fmt::format("the mole fraction of '{}' is {}, which is negative", compound, value));
         return value;
     }
 
@@ -246,7 +263,8 @@ CaseFile readCase(const std::filesystem::path& file) {
     std::string text;
     try {
         text = readText(file);
-    } catch (const std::runtime_error& error) {
+    }
+    catch (const std::runtime_error& error) {
         throw CaseError(fmt::format("{}: the case file cannot be read: {}", file.string(), error.what()));
     }
     return readCase(text, file);
@@ -255,7 +273,8 @@ CaseFile readCase(const std::filesystem::path& file) {
 CaseFile readCase(std::string_view text, const std::filesystem::path& file) {
     try {
         return Reader(file).read(toml::parse(text, file.string()));
-    } catch (const toml::parse_error& error) {
+    }
+    catch (const toml::parse_error& error) {
         throw CaseError(file, static_cast<int>(error.source().begin.line), std::string(error.description()));
     }
 }

@@ -1,4 +1,5 @@
-// Reads a case file, TOML, and the script that it names. All that can be judged without the unit is judged here.
+// Reads a case file, TOML, and the script that it names. All that can be judged without the unit is judged
+// here.
 #pragma once
 
 #include "host/CaseFile.h"

@@ -13,7 +13,8 @@ namespace orvane::host {
 namespace {
 
 template <class Items> auto named(Items& items, const std::string& name) {
-    return std::ranges::find_if(items, [&](const auto& item) { return COBIA::equalIgnoringCase(item.name(), name); });
+    return std::ranges::find_if(
+        items, [&](const auto& item) { return COBIA::equalIgnoringCase(item.name(), name); });
 }
 
 template <class Items> std::vector<std::string> names(const Items& items) {
@@ -39,7 +40,8 @@ void CaseRun::prepare() {
 }
 
 void CaseRun::failToFit(const std::string& message) {
-    // A Configure that failed declares nothing, and then nothing in the case fits: its error is the one to show.
+    // A Configure that failed declares nothing, and then nothing in the case fits: its error is the one to
+    // show.
     const COBIA::Verdict verdict = session_.validate();
     if (!verdict.valid && verdict.message.starts_with("Configure() failed")) {
         result_.valid = false;
@@ -62,9 +64,10 @@ void CaseRun::connectStreams() {
                                   suggestion(stream.port, names(ports))));
         }
         if (!port->isFeed() && stream.state) {
-            throw CaseError(fmt::format("{}port '{}' is a product: the unit calculates its stream; remove what "
-                                        "[streams.{}] says",
-                                        place, port->name(), stream.port));
+            throw CaseError(
+                fmt::format("{}port '{}' is a product: the unit calculates its stream; remove what "
+                            "[streams.{}] says",
+                            place, port->name(), stream.port));
         }
         if (port->isFeed() && !stream.state) {
             throw CaseError(fmt::format("{}[streams.{}] is empty; a feed takes two conditions, flow_rate and "
@@ -83,7 +86,8 @@ void CaseRun::connectStreams() {
             const CaseState& state = *given[i]->state;
             try {
                 material->specify(state.composition, state.flowRate, state.first, state.second);
-            } catch (const package::PackageError& error) {
+            }
+            catch (const package::PackageError& error) {
                 throw CaseError(case_.file, given[i]->line,
                                 fmt::format("the state of stream '{}' cannot be found: {}", ports[i].name(),
                                             error.what()));
@@ -120,7 +124,8 @@ void CaseRun::calculate() {
     context_->forgetMessages();
     const auto start = std::chrono::steady_clock::now();
     const auto stop = [&] {
-        result_.elapsedSeconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        result_.elapsedSeconds =
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     };
     try {
         session_.calculate();
@@ -145,8 +150,8 @@ void CaseRun::collect(const std::string& error) {
     }
     result_.parameters.clear();
     for (const UnitParameter& parameter : parameters_) {
-        result_.parameters.push_back(
-            {parameter.name(), parameter.unit(), parameter.isInput(), parameter.isPower(), parameter.value()});
+        result_.parameters.push_back({parameter.name(), parameter.unit(), parameter.isInput(),
+                                      parameter.isPower(), parameter.value()});
     }
     if (!result_.success) return;
     closure_ = host::closure(result_);

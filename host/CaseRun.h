@@ -1,4 +1,5 @@
-// Carries a case out on the unit: streams made and connected, parameters set, validation, calculation, results.
+// Carries a case out on the unit: streams made and connected, parameters set, validation, calculation,
+// results.
 // Not here: reading the case (CaseReader), showing the results.
 #pragma once
 
@@ -21,8 +22,8 @@ public:
     CaseRun(const CaseFile& caseFile, std::vector<CaseParameter> settings, UnitSession& session,
             COBIA::Ref<SimulationContext> context);
 
-    /// Makes and connects the streams and sets the parameters. Throws CaseError for what does not fit the unit, and
-    /// UnitInvalid when the script's Configure failed and left nothing to fit.
+    /// Makes and connects the streams and sets the parameters. Throws CaseError for what does not fit the
+    /// unit, and UnitInvalid when the script's Configure failed and left nothing to fit.
     void prepare();
 
     /// Whether the unit is valid.
@@ -31,8 +32,8 @@ public:
     /// One calculation, timed. Throws cape_open_error when the unit fails.
     void calculate();
 
-    /// What is known now: streams, parameters, messages and, after a success, what does not close. `error` is the
-    /// unit's own error text, which its output ends with. Throws cape_open_error.
+    /// What is known now: streams, parameters, messages and, after a success, what does not close. `error` is
+    /// the unit's own error text, which its output ends with. Throws cape_open_error.
     void collect(const std::string& error);
     const std::optional<Closure>& closure() const { return closure_; }
 

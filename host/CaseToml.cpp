@@ -15,24 +15,25 @@ int lineOf(const toml::key& key) { return static_cast<int>(key.source().begin.li
 
 std::string_view typeName(const toml::node& node) {
     switch (node.type()) {
-        case toml::node_type::table: return "a table";
-        case toml::node_type::array: return "an array";
-        case toml::node_type::string: return "a text";
-        case toml::node_type::integer: return "an integer";
-        case toml::node_type::floating_point: return "a number";
-        case toml::node_type::boolean: return "true or false";
-        default: return "a date or time";
+    case toml::node_type::table: return "a table";
+    case toml::node_type::array: return "an array";
+    case toml::node_type::string: return "a text";
+    case toml::node_type::integer: return "an integer";
+    case toml::node_type::floating_point: return "a number";
+    case toml::node_type::boolean: return "true or false";
+    default: return "a date or time";
     }
 }
 
 void CaseToml::fail(int line, const std::string& what) const { throw CaseError(file_, line, what); }
 
-void CaseToml::checkKeys(const toml::table& in, std::string_view where, const std::vector<std::string>& known) const {
+void CaseToml::checkKeys(const toml::table& in, std::string_view where,
+                         const std::vector<std::string>& known) const {
     for (const auto& [key, value] : in) {
         if (std::ranges::find(known, key.str()) != known.end()) continue;
-        fail(lineOf(key), fmt::format("unknown key '{}'{}{}", key.str(),
-                                      where.empty() ? "" : fmt::format(" in [{}]", where),
-                                      suggestion(key.str(), known)));
+        fail(lineOf(key),
+             fmt::format("unknown key '{}'{}{}", key.str(),
+                         where.empty() ? "" : fmt::format(" in [{}]", where), suggestion(key.str(), known)));
     }
 }
 
@@ -54,7 +55,8 @@ std::string CaseToml::text(const toml::node& node, std::string_view what) const 
 double CaseToml::number(const toml::node& node, std::string_view what) const {
     const auto result = node.is_number() ? node.value<double>() : std::nullopt;
     if (!result) fail(lineOf(node), fmt::format("'{}' is to be a number, not {}", what, typeName(node)));
-    if (!std::isfinite(*result)) fail(lineOf(node), fmt::format("'{}' is {}, which is no amount", what, *result));
+    if (!std::isfinite(*result))
+        fail(lineOf(node), fmt::format("'{}' is {}, which is no amount", what, *result));
     return *result;
 }
 

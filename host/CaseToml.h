@@ -23,8 +23,10 @@ public:
 
     [[noreturn]] void fail(int line, const std::string& what) const;
 
-    /// Refuses a key that is not among the known ones; `where` is the name of the table, empty for the document.
-    void checkKeys(const toml::table& in, std::string_view where, const std::vector<std::string>& known) const;
+    /// Refuses a key that is not among the known ones; `where` is the name of the table, empty for the
+    /// document.
+    void checkKeys(const toml::table& in, std::string_view where,
+                   const std::vector<std::string>& known) const;
 
     const toml::table& table(const toml::node& node, std::string_view what) const;
     const toml::array& array(const toml::node& node, std::string_view what) const;

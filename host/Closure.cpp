@@ -40,14 +40,16 @@ std::vector<std::string> Closure::warnings() const {
     std::vector<std::string> result;
     const auto check = [&](const Balance& balance, std::string_view unit, const std::string& note) {
         if (std::abs(balance.relative()) <= closureTolerance) return;
-        result.push_back(fmt::format("{} does not close: in {:.7g}, out {:.7g}, difference {:.3g} {} ({:.2g} relative){}",
-                                     balance.name, balance.in, balance.out, balance.difference(), unit,
-                                     std::abs(balance.relative()), note));
+        result.push_back(
+            fmt::format("{} does not close: in {:.7g}, out {:.7g}, difference {:.3g} {} ({:.2g} relative){}",
+                        balance.name, balance.in, balance.out, balance.difference(), unit,
+                        std::abs(balance.relative()), note));
     };
     for (const Balance& balance : compounds) check(balance, "mol/s", "");
     check(energy, "W",
-          suppliedBy.empty() ? "; no parameter is a power, so nothing counts as supplied"
-                             : fmt::format("; supplied by '{}': {:.7g} W", fmt::join(suppliedBy, "', '"), supplied));
+          suppliedBy.empty()
+              ? "; no parameter is a power, so nothing counts as supplied"
+              : fmt::format("; supplied by '{}': {:.7g} W", fmt::join(suppliedBy, "', '"), supplied));
     return result;
 }
 

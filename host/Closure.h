@@ -27,15 +27,15 @@ struct Closure {
     std::vector<Balance> compounds;  ///< mol/s
     /// Enthalpy flow [W]: `in` is that of the feeds and what is supplied.
     Balance energy;
-    double supplied = 0;                     ///< W, the sum of the powers below
-    std::vector<std::string> suppliedBy;     ///< the parameters that are powers
+    double supplied = 0;                  ///< W, the sum of the powers below
+    std::vector<std::string> suppliedBy;  ///< the parameters that are powers
 
     /// One sentence for each balance that is off by more than closureTolerance.
     std::vector<std::string> warnings() const;
 };
 
-/// Empty when a stream is not known in full, so that there is nothing to compare. Relative to the larger of in and out,
-/// for energy to the sum of the sizes of all its terms.
+/// Empty when a stream is not known in full, so that there is nothing to compare. Relative to the larger of
+/// in and out, for energy to the sum of the sizes of all its terms.
 std::optional<Closure> closure(const RunResult& result);
 
 }  // namespace orvane::host

@@ -78,8 +78,8 @@ std::vector<std::string> temperaturePropertyNames() { return identifiers(tempera
 double temperatureProperty(const Compound& compound, COBIA::CapeTextView identifier, double temperature) {
     const auto& row = find(temperatureProperties, identifier, "temperature-dependent compound property");
     if (!std::isfinite(temperature) || temperature <= 0) {
-        throw COBIA::StringException() << "temperature " << temperature << " K for '" << row.identifier
-                                       << "' is not a positive number";
+        throw COBIA::StringException()
+            << "temperature " << temperature << " K for '" << row.identifier << "' is not a positive number";
     }
     return IdealGas(compound.heatCapacity, temperature).*row.of;
 }

@@ -19,10 +19,12 @@ int compoundsCommand(std::string_view filter) {
     table.row({"Compound", "Name", "Formula", "CAS number", "Molecular weight [g/mol]", "Boiling point [K]"});
     bool any = false;
     for (const package::Compound& compound : package::CompoundTable::instance().compounds()) {
-        if (!holds(compound.id) && !holds(compound.name) && !holds(compound.formula) && !holds(compound.cas)) continue;
+        if (!holds(compound.id) && !holds(compound.name) && !holds(compound.formula) && !holds(compound.cas))
+            continue;
         any = true;
         table.row({compound.id, compound.name, compound.formula, compound.cas,
-                   fmt::format("{:.4f}", compound.molecularWeight), fmt::format("{:.2f}", compound.normalBoilingPoint)});
+                   fmt::format("{:.4f}", compound.molecularWeight),
+                   fmt::format("{:.2f}", compound.normalBoilingPoint)});
     }
     if (!any) {
         const auto nearest = package::CompoundTable::instance().nearest(filter);

@@ -19,8 +19,10 @@ ConditionKind conditionKind(TextsView specification) {
     }
     const Property given = property(specification[0]);
     if (given == Property::phaseFraction) {
-        if (phaseKind(specification[2]) != PhaseKind::vapor || basis(specification[1], given) != Basis::mole) {
-            throw StringException() << "a flash takes the mole fraction of phase 'Vapor', of no other phase or basis";
+        if (phaseKind(specification[2]) != PhaseKind::vapor ||
+            basis(specification[1], given) != Basis::mole) {
+            throw StringException()
+                << "a flash takes the mole fraction of phase 'Vapor', of no other phase or basis";
         }
         return ConditionKind::vaporFraction;
     }
@@ -30,28 +32,27 @@ ConditionKind conditionKind(TextsView specification) {
     }
     basis(specification[1], given);
     switch (given) {
-        case Property::temperature: return ConditionKind::temperature;
-        case Property::pressure: return ConditionKind::pressure;
-        case Property::enthalpy: return ConditionKind::enthalpy;
-        case Property::enthalpyF: return ConditionKind::enthalpyF;
-        case Property::entropy: return ConditionKind::entropy;
-        case Property::entropyF: return ConditionKind::entropyF;
-        case Property::volume: return ConditionKind::volume;
-        default:
-            throw StringException() << "property '" << identifier(given) << "' cannot specify a flash";
+    case Property::temperature: return ConditionKind::temperature;
+    case Property::pressure: return ConditionKind::pressure;
+    case Property::enthalpy: return ConditionKind::enthalpy;
+    case Property::enthalpyF: return ConditionKind::enthalpyF;
+    case Property::entropy: return ConditionKind::entropy;
+    case Property::entropyF: return ConditionKind::entropyF;
+    case Property::volume: return ConditionKind::volume;
+    default: throw StringException() << "property '" << identifier(given) << "' cannot specify a flash";
     }
 }
 
 Property propertyOf(ConditionKind kind) {
     switch (kind) {
-        case ConditionKind::temperature: return Property::temperature;
-        case ConditionKind::pressure: return Property::pressure;
-        case ConditionKind::vaporFraction: return Property::phaseFraction;
-        case ConditionKind::enthalpy: return Property::enthalpy;
-        case ConditionKind::enthalpyF: return Property::enthalpyF;
-        case ConditionKind::entropy: return Property::entropy;
-        case ConditionKind::entropyF: return Property::entropyF;
-        case ConditionKind::volume: return Property::volume;
+    case ConditionKind::temperature: return Property::temperature;
+    case ConditionKind::pressure: return Property::pressure;
+    case ConditionKind::vaporFraction: return Property::phaseFraction;
+    case ConditionKind::enthalpy: return Property::enthalpy;
+    case ConditionKind::enthalpyF: return Property::enthalpyF;
+    case ConditionKind::entropy: return Property::entropy;
+    case ConditionKind::entropyF: return Property::entropyF;
+    case ConditionKind::volume: return Property::volume;
     }
     throw std::logic_error("a flash condition without its property");
 }

@@ -8,8 +8,8 @@
 
 namespace orvane::host {
 
-/// A specification is property, basis and phase: "overall", or for the vapour fraction the label of the vapour. Throws
-/// StringException, naming what is wrong.
+/// A specification is property, basis and phase: "overall", or for the vapour fraction the label of the
+/// vapour. Throws StringException, naming what is wrong.
 ConditionKind conditionKind(COBIA::TextsView specification);
 
 /// The property whose value the condition takes: of the mixture, for the vapour fraction of the vapour.

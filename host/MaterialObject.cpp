@@ -17,19 +17,23 @@ using package::PhaseKind;
 namespace {
 
 constexpr bool isState(Property property) {
-    return property == Property::temperature || property == Property::pressure || property == Property::fraction;
+    return property == Property::temperature || property == Property::pressure ||
+           property == Property::fraction;
 }
 
 /// The texts of GetPresentPhases, by whether the vapour and the liquid are present.
 std::span<const std::string> labels(bool vapor, bool liquid) {
-    static const std::string all[] = {std::string(label(PhaseKind::vapor)), std::string(label(PhaseKind::liquid))};
+    static const std::string all[] = {std::string(label(PhaseKind::vapor)),
+                                      std::string(label(PhaseKind::liquid))};
     return std::span(all).subspan(vapor ? 0 : 1, (vapor ? 1u : 0u) + (liquid ? 1u : 0u));
 }
 
 }  // namespace
 
 MaterialObject::MaterialObject(std::string name, std::shared_ptr<const PropertyPackage> package)
-    : Offering(std::move(package)), name_(std::move(name)), overall_(this->package().size()),
+    : Offering(std::move(package)),
+      name_(std::move(name)),
+      overall_(this->package().size()),
       phases_{PhaseSlot{StateValues(this->package().size())}, PhaseSlot{StateValues(this->package().size())}},
       twoPhase_(this->package().size()) {}
 
@@ -62,7 +66,8 @@ void MaterialObject::clearAllProps() {
 void MaterialObject::copyFromMaterial(COBIA::ICapeThermoMaterial* source) {
     if (!source) throw COBIA::cape_open_error(COBIA::nullPointer);
     using Adapter = COBIA::ThermoMaterialAdapter<MaterialObject>;
-    if (source->vTbl != &Adapter::table) throw StringException() << "only a material of this host can be copied";
+    if (source->vTbl != &Adapter::table)
+        throw StringException() << "only a material of this host can be copied";
     const MaterialObject& other = Adapter::object(source->me);
     if (other.package().ids() != package().ids()) {
         throw StringException() << other.errorSource() << " has other compounds than " << errorSource();
@@ -145,10 +150,12 @@ void MaterialObject::setSinglePhaseProp(Text name, Text phase, Text basisText, R
 }
 
 MaterialObject::PhasePair MaterialObject::pair(TextsView phases) {
-    if (phases.size() != 2) throw StringException() << "a two-phase property is of two phases, not " << phases.size();
+    if (phases.size() != 2)
+        throw StringException() << "a two-phase property is of two phases, not " << phases.size();
     const PhasePair result{phaseKind(phases[0]), phaseKind(phases[1])};
     if (result.first == result.second) {
-        throw StringException() << "a two-phase property is of two phases, not of '" << label(result.first) << "' twice";
+        throw StringException() << "a two-phase property is of two phases, not of '" << label(result.first)
+                                << "' twice";
     }
     return result;
 }
@@ -158,8 +165,9 @@ void MaterialObject::twoPhaseProp(Text name, TextsView phases, Text basisText, R
     basis(basisText, wanted);
     const PhasePair asked = pair(phases);
     if (!twoPhase_.has(wanted) || asked.first != twoPhaseOrder_.first) {
-        throw StringException() << "two-phase property '" << identifier(wanted) << "' of '" << label(asked.first)
-                                << "' and '" << label(asked.second) << "' was neither set nor calculated";
+        throw StringException() << "two-phase property '" << identifier(wanted) << "' of '"
+                                << label(asked.first) << "' and '" << label(asked.second)
+                                << "' was neither set nor calculated";
     }
     values.assign(twoPhase_.values(wanted));
 }
@@ -186,8 +194,10 @@ void MaterialObject::calcAndGetLnPhi(Text phase, double temperature, double pres
     const auto& equation = package().equation();
     const package::Root root = package::root(phaseKind(phase));
     const auto give = [&](int flag, auto member, RealsOut out) {
-        if (flags & flag) out.assign((equation.*member)(temperature, pressure, fractions, root));
-        else out.assign({});
+        if (flags & flag)
+            out.assign((equation.*member)(temperature, pressure, fractions, root));
+        else
+            out.assign({});
     };
     give(1, &package::PengRobinson::lnPhi, lnPhi);
     give(2, &package::PengRobinson::lnPhiByTemperature, byTemperature);
@@ -202,7 +212,8 @@ void MaterialObject::calcSinglePhaseProp(TextsView properties, Text phase) {
     for (std::size_t i = 0; i < properties.size(); ++i) {
         const Property wanted = property(properties[i]);
         if (!isCalculated(wanted)) {
-            throw StringException() << "property '" << identifier(wanted) << "' of a phase is set, not calculated";
+            throw StringException() << "property '" << identifier(wanted)
+                                    << "' of a phase is set, not calculated";
         }
         wanted_.push_back(wanted);
     }

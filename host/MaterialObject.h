@@ -1,7 +1,7 @@
-// The material object of a stream: what is set, what a flash found, and the calculations on it, as the unit sees them
-// through the binary interface. Values are held on a mole basis.
-// Not here: compounds and phases of the package (PackageObject), the calculations themselves (PropertyCalculator,
-// PropertyPackage).
+// The material object of a stream: what is set, what a flash found, and the calculations on it, as the unit
+// sees them through the binary interface. Values are held on a mole basis.
+// Not here: compounds and phases of the package (PackageObject), the calculations themselves
+// (PropertyCalculator, PropertyPackage).
 // Threads: one at a time.
 #pragma once
 
@@ -18,14 +18,16 @@
 
 namespace orvane::host {
 
-/// A value that was not set or calculated, an unknown property, phase or basis, a wrong number of values and a value
-/// that is no number each answer an error that names the property and the phase.
+/// A value that was not set or calculated, an unknown property, phase or basis, a wrong number of values and
+/// a value that is no number each answer an error that names the property and the phase.
 ///
 /// What belongs together stays together:
 /// - A new temperature, pressure or composition of a phase takes away what was calculated from the old one.
 /// - A new temperature, pressure or composition of the whole mixture takes "at equilibrium" from the phases.
-/// - A flash starts by forgetting the phases, so one that fails leaves none. Afterwards temperature and pressure of the
-///   mixture are those found, and of its other properties those that specified the flash remain.
+/// - A flash starts by forgetting the phases, so one that fails leaves none. Afterwards temperature and
+///   pressure of the mixture are those found, and of its other properties those that specified the flash
+///   remain.
+///
 /// Fractions are normalised where they are set, and refused when their sum is off 1 by more than 1e-6.
 class MaterialObject
     : public COBIA::Offering<MaterialObject, PackageObject, COBIA::IdentificationAdapter,
@@ -62,9 +64,9 @@ public:
 
     // ICapeThermoPropertyRoutine
     /// flags: 1 ln phi, 2 by temperature, 4 by pressure, 8 by mole numbers in one mole.
-    void calcAndGetLnPhi(Text phase, double temperature, double pressure, Reals fractions, COBIA::CapeInteger flags,
-                         COBIA::RealsOut lnPhi, COBIA::RealsOut byTemperature, COBIA::RealsOut byPressure,
-                         COBIA::RealsOut byAmount);
+    void calcAndGetLnPhi(Text phase, double temperature, double pressure, Reals fractions,
+                         COBIA::CapeInteger flags, COBIA::RealsOut lnPhi, COBIA::RealsOut byTemperature,
+                         COBIA::RealsOut byPressure, COBIA::RealsOut byAmount);
     void calcSinglePhaseProp(COBIA::TextsView properties, Text phase);
     void calcTwoPhaseProp(COBIA::TextsView properties, COBIA::TextsView phases);
     bool checkSinglePhasePropSpec(Text property, Text phase) const;
@@ -127,7 +129,8 @@ private:
     void get(const StateValues& of, Property property, Basis basis, COBIA::RealsOut values) const;
     void getFlow(const StateValues& of, Property property, Basis basis, COBIA::RealsOut values) const;
     double getScalar(const StateValues& of, Property property, Basis basis) const;
-    void getState(const StateValues& of, double& temperature, double& pressure, COBIA::RealsOut fractions) const;
+    void getState(const StateValues& of, double& temperature, double& pressure,
+                  COBIA::RealsOut fractions) const;
 
     void check(const StateValues& to, Property property, Reals values) const;
     void put(StateValues& to, Property property, Basis basis, Reals values);
@@ -142,12 +145,13 @@ private:
     std::string name_;
     std::string description_ = "Material stream of the orvane host";
     StateValues overall_;
-    std::optional<Property> specified_;  // the property besides temperature and pressure that the last flash was given
+    std::optional<Property>
+        specified_;  // the property besides temperature and pressure that the last flash was given
     std::array<PhaseSlot, std::size(phaseKinds)> phases_;
     std::vector<std::string> warnings_;
-    StateValues twoPhase_;         // of the pair below
+    StateValues twoPhase_;  // of the pair below
     PhasePair twoPhaseOrder_{};
-    std::vector<Property> wanted_; // of a calculation, kept to save its allocation
+    std::vector<Property> wanted_;  // of a calculation, kept to save its allocation
 };
 
 }  // namespace orvane::host

@@ -70,10 +70,11 @@ double MaterialObject::getScalar(const StateValues& of, Property property, Basis
     const double stored = of.value(property);
     if (basis != Basis::mass) return stored;
     switch (basisRule(property)) {
-        case BasisRule::perAmount: return stored / molarMassOf(of, property);
-        case BasisRule::density: return stored * molarMassOf(of, property);
-        case BasisRule::phaseFraction: return stored * molarMassOf(of, property) / molarMassOf(overall_, property);
-        default: throw std::logic_error("a mass basis of a property that has none");
+    case BasisRule::perAmount: return stored / molarMassOf(of, property);
+    case BasisRule::density: return stored * molarMassOf(of, property);
+    case BasisRule::phaseFraction:
+        return stored * molarMassOf(of, property) / molarMassOf(overall_, property);
+    default: throw std::logic_error("a mass basis of a property that has none");
     }
 }
 
@@ -100,22 +101,23 @@ void MaterialObject::check(const StateValues& to, Property property, Reals value
     const std::size_t expected = isPerCompound(property) ? package().size() : 1;
     if (values.size() != expected) {
         throw StringException() << "property '" << identifier(property) << "' of " << owner(to) << " takes "
-                                << expected << (expected == 1 ? " value" : " values") << ", not " << values.size();
+                                << expected << (expected == 1 ? " value" : " values") << ", not "
+                                << values.size();
     }
     const bool positive = property == Property::temperature || property == Property::pressure;
     const bool notNegative = property == Property::totalFlow || property == Property::flow ||
                              property == Property::fraction || property == Property::phaseFraction;
     for (std::size_t i = 0; i < values.size(); ++i) {
         const double value = values[i];
-        const char* fault = !std::isfinite(value)                       ? "is not a number"
-                            : positive && value <= 0                    ? "is not positive"
-                            : notNegative && value < leastFraction      ? "is negative"
-                                                                        : nullptr;
+        const char* fault = !std::isfinite(value)                  ? "is not a number"
+                            : positive && value <= 0               ? "is not positive"
+                            : notNegative && value < leastFraction ? "is negative"
+                                                                   : nullptr;
         if (!fault) continue;
         const std::string compound =
             isPerCompound(property) ? ", compound '" + package().ids()[i] + "'" : std::string();
-        throw StringException() << "property '" << identifier(property) << "' of " << owner(to) << compound << ": "
-                                << value << " " << fault;
+        throw StringException() << "property '" << identifier(property) << "' of " << owner(to) << compound
+                                << ": " << value << " " << fault;
     }
 }
 
@@ -129,9 +131,12 @@ void MaterialObject::put(StateValues& to, Property property, Basis basis, Reals 
                                 << " follows from the flow of the mixture and the phase fraction";
     }
     check(to, property, values);
-    if (property == Property::flow) putFlow(basis, values);
-    else if (property == Property::fraction) putFractions(to, basis, values);
-    else if (isPerCompound(property)) to.set(property, values);
+    if (property == Property::flow)
+        putFlow(basis, values);
+    else if (property == Property::fraction)
+        putFractions(to, basis, values);
+    else if (isPerCompound(property))
+        to.set(property, values);
     else {
         const double value = moleBasis(to, property, basis, values[0]);
         const bool sameState = !ofMixture || (to.has(property) && to.value(property) == value);
@@ -145,18 +150,19 @@ void MaterialObject::put(StateValues& to, Property property, Basis basis, Reals 
 double MaterialObject::moleBasis(const StateValues& to, Property property, Basis basis, double value) const {
     if (basis != Basis::mass) return value;
     switch (basisRule(property)) {
-        case BasisRule::perAmount: return value * molarMassOf(to, property);
-        case BasisRule::totalFlow:
-        case BasisRule::density: return value / molarMassOf(to, property);
-        case BasisRule::phaseFraction: return value * molarMassOf(overall_, property) / molarMassOf(to, property);
-        default: throw std::logic_error("a mass basis of a property that has none");
+    case BasisRule::perAmount: return value * molarMassOf(to, property);
+    case BasisRule::totalFlow:
+    case BasisRule::density: return value / molarMassOf(to, property);
+    case BasisRule::phaseFraction: return value * molarMassOf(overall_, property) / molarMassOf(to, property);
+    default: throw std::logic_error("a mass basis of a property that has none");
     }
 }
 
 void MaterialObject::putFractions(StateValues& to, Basis basis, Reals values) {
     const double sum = std::accumulate(values.begin(), values.end(), 0.0);
     if (!(std::abs(sum - 1) <= sumTolerance)) {
-        throw StringException() << "property 'fraction' of " << owner(to) << " adds up to " << sum << ", not to 1";
+        throw StringException() << "property 'fraction' of " << owner(to) << " adds up to " << sum
+                                << ", not to 1";
     }
     const auto amount = [&](std::size_t i) {
         return std::max(values[i], 0.0) / (basis == Basis::mass ? package().molarMasses()[i] : 1);
@@ -180,8 +186,9 @@ void MaterialObject::putFlow(Basis basis, Reals values) {
     double total = 0;
     for (std::size_t i = 0; i < values.size(); ++i) total += amount(i);
     if (total == 0) {
-        throw StringException() << "property 'flow' of the overall mixture is 0 for every compound, which gives no "
-                                   "composition; set 'fraction' and 'totalFlow'";
+        throw StringException()
+            << "property 'flow' of the overall mixture is 0 for every compound, which gives no "
+               "composition; set 'fraction' and 'totalFlow'";
     }
     const auto x = overall_.fill(Property::fraction);
     for (std::size_t i = 0; i < x.size(); ++i) x[i] = amount(i) / total;

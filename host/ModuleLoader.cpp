@@ -21,7 +21,8 @@ Search whereToLook(const std::optional<std::filesystem::path>& named) {
         return {variable, "named by the environment variable ORVANE_MODULE"};
     }
     return {executableFile().parent_path() / moduleFileName(),
-            "looked for beside the orvane command; --module or the environment variable ORVANE_MODULE names another"};
+            "looked for beside the orvane command; --module or the environment variable ORVANE_MODULE names "
+            "another"};
 }
 
 }  // namespace
@@ -37,17 +38,18 @@ ModuleLoader::ModuleLoader(const std::optional<std::filesystem::path>& named) {
     try {
         const DynamicLibrary library(file_);
         create_ = reinterpret_cast<Create>(library.symbol(entryPoint));
-    } catch (const std::runtime_error& loader) {
-        std::string message = fmt::format("the module '{}' ({}) could not be loaded: {}", file_.string(), where,
-                                          loader.what());
+    }
+    catch (const std::runtime_error& loader) {
+        std::string message =
+            fmt::format("the module '{}' ({}) could not be loaded: {}", file_.string(), where, loader.what());
         if (saysPythonIsMissing(loader.what())) {
             message += fmt::format(". The Python library that it needs is missing. {}", pythonAdvice());
         }
         throw ModuleError(message);
     }
     if (!create_) {
-        throw ModuleError(fmt::format("'{}' ({}) is no unit operation module: it does not export {}", file_.string(),
-                                      where, entryPoint));
+        throw ModuleError(fmt::format("'{}' ({}) is no unit operation module: it does not export {}",
+                                      file_.string(), where, entryPoint));
     }
 }
 
@@ -55,9 +57,9 @@ COBIA::Ref<COBIA::ICapeInterface> ModuleLoader::createUnit() const {
     COBIA::ICapeInterface* unit = nullptr;
     const COBIA::CapeResult code = create_(&unit);
     if (code != COBIA::noError || !unit) {
-        throw ModuleError(fmt::format("{} of the module '{}' gave no unit operation: {}", entryPoint, file_.string(),
-                                      code != COBIA::noError ? COBIA::errorDescription(code)
-                                                             : "it succeeded, but handed out nothing"));
+        throw ModuleError(fmt::format(
+            "{} of the module '{}' gave no unit operation: {}", entryPoint, file_.string(),
+            code != COBIA::noError ? COBIA::errorDescription(code) : "it succeeded, but handed out nothing"));
     }
     return COBIA::Ref<COBIA::ICapeInterface>::adopt(unit);
 }

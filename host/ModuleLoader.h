@@ -11,8 +11,8 @@
 
 namespace orvane::host {
 
-/// The module, or the interpreter in it, could not be loaded. The message says what was looked for, where, and why it
-/// failed.
+/// The module, or the interpreter in it, could not be loaded. The message says what was looked for, where,
+/// and why it failed.
 class ModuleError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -7,8 +7,8 @@
 
 namespace orvane::host {
 
-/// The known name nearest to what was written, letter case aside; empty when none is near, which is when more than half
-/// of its letters would have to change.
+/// The known name nearest to what was written, letter case aside; empty when none is near, which is when more
+/// than half of its letters would have to change.
 std::string nearestName(std::string_view written, std::span<const std::string> known);
 
 /// ", did you mean 'NAME'?", or where none is near "; known: 'A', 'B' and 'C'", to end a message with.

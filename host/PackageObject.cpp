@@ -73,7 +73,8 @@ COBIA::CapeInteger PackageObject::compoundCount() const {
 void PackageObject::pressureDependentProperties(TextsView properties, double, TextsView,
                                                 COBIA::CapeBoolean& missing, COBIA::RealsOut values) const {
     if (properties.size() != 0) {
-        throw StringException() << "unknown pressure-dependent compound property '" << toUtf8(properties[0]) << "'";
+        throw StringException() << "unknown pressure-dependent compound property '" << toUtf8(properties[0])
+                                << "'";
     }
     missing = 0;
     values.assign({});
@@ -81,8 +82,9 @@ void PackageObject::pressureDependentProperties(TextsView properties, double, Te
 
 std::vector<std::string> PackageObject::pressureDependentPropertyNames() const { return {}; }
 
-void PackageObject::temperatureDependentProperties(TextsView properties, double temperature, TextsView compounds,
-                                                   COBIA::CapeBoolean& missing, COBIA::RealsOut values) const {
+void PackageObject::temperatureDependentProperties(TextsView properties, double temperature,
+                                                   TextsView compounds, COBIA::CapeBoolean& missing,
+                                                   COBIA::RealsOut values) const {
     std::vector<double> result;
     const auto named = namedCompounds(compounds);
     for (std::size_t i = 0; i < properties.size(); ++i) {

@@ -1,4 +1,5 @@
-// What a material object tells of its property package: compounds and phases. The same for every material on it.
+// What a material object tells of its property package: compounds and phases. The same for every material on
+// it.
 // Not here: the state of a stream (MaterialObject).
 #pragma once
 
@@ -11,8 +12,9 @@
 
 namespace orvane::host {
 
-/// ICapeThermoCompounds and ICapeThermoPhases over a property package. Values of several compounds or properties at
-/// once stand in the order: first property for all compounds, second property for all compounds, and so on.
+/// ICapeThermoCompounds and ICapeThermoPhases over a property package. Values of several compounds or
+/// properties at once stand in the order: first property for all compounds, second property for all
+/// compounds, and so on.
 class PackageObject
     : public COBIA::CapeOpenObject<PackageObject, COBIA::ThermoCompoundsAdapter, COBIA::ThermoPhasesAdapter> {
 public:
@@ -22,8 +24,8 @@ public:
     std::shared_ptr<const PropertyPackage> sharedPackage() const { return package_; }
 
     // ICapeThermoCompounds. No compound named means all of them.
-    void compoundConstants(COBIA::TextsView properties, COBIA::TextsView compounds, COBIA::CapeBoolean& missing,
-                           COBIA::ValuesOut values) const;
+    void compoundConstants(COBIA::TextsView properties, COBIA::TextsView compounds,
+                           COBIA::CapeBoolean& missing, COBIA::ValuesOut values) const;
     void compoundList(COBIA::TextsOut ids, COBIA::TextsOut formulae, COBIA::TextsOut names,
                       COBIA::RealsOut boilingTemperatures, COBIA::RealsOut molecularWeights,
                       COBIA::TextsOut casNumbers) const;
@@ -33,15 +35,17 @@ public:
     void pressureDependentProperties(COBIA::TextsView properties, double pressure, COBIA::TextsView compounds,
                                      COBIA::CapeBoolean& missing, COBIA::RealsOut values) const;
     std::vector<std::string> pressureDependentPropertyNames() const;
-    void temperatureDependentProperties(COBIA::TextsView properties, double temperature, COBIA::TextsView compounds,
-                                        COBIA::CapeBoolean& missing, COBIA::RealsOut values) const;
+    void temperatureDependentProperties(COBIA::TextsView properties, double temperature,
+                                        COBIA::TextsView compounds, COBIA::CapeBoolean& missing,
+                                        COBIA::RealsOut values) const;
     std::vector<std::string> temperatureDependentPropertyNames() const;
 
     // ICapeThermoPhases
     COBIA::CapeInteger phaseCount() const;
     /// An attribute that a phase does not have is an empty value.
     COBIA::ValueObject::Content phaseInfo(COBIA::CapeTextView phase, COBIA::CapeTextView attribute) const;
-    void phaseList(COBIA::TextsOut labels, COBIA::TextsOut statesOfAggregation, COBIA::TextsOut keyCompounds) const;
+    void phaseList(COBIA::TextsOut labels, COBIA::TextsOut statesOfAggregation,
+                   COBIA::TextsOut keyCompounds) const;
 
 protected:
     std::string errorSource() const override { return "property package"; }

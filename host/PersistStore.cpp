@@ -59,14 +59,18 @@ void PersistStore::addValues(std::string name, COBIA::ValuesView values) {
 COBIA::Ref<COBIA::ICapePersistWriter> PersistStore::addNode(std::string name) {
     auto node = COBIA::makeObject<PersistStore>();
     const auto result = COBIA::Ref<COBIA::ICapePersistWriter>::share(node->as<COBIA::ICapePersistWriter>());
-    if (const auto old = entry(nodes_, name); old != nodes_.end()) old->second = std::move(node);
-    else nodes_.emplace_back(std::move(name), std::move(node));
+    if (const auto old = entry(nodes_, name); old != nodes_.end())
+        old->second = std::move(node);
+    else
+        nodes_.emplace_back(std::move(name), std::move(node));
     return result;
 }
 
 void PersistStore::put(std::string name, Stored content) {
-    if (const auto old = entry(items_, name); old != items_.end()) old->second = std::move(content);
-    else items_.emplace_back(std::move(name), std::move(content));
+    if (const auto old = entry(items_, name); old != items_.end())
+        old->second = std::move(content);
+    else
+        items_.emplace_back(std::move(name), std::move(content));
 }
 
 const PersistStore::Stored& PersistStore::stored(const std::string& name) const {

@@ -13,11 +13,11 @@
 
 namespace orvane::host {
 
-/// Both sides of persistence over one store. Names are exact, letter case included. A name that is added again takes the
-/// new value in the old place. Asking for a name that is not there answers 107, for a value as another type than it
-/// was stored as 111.
-class PersistStore : public COBIA::CapeOpenObject<PersistStore, COBIA::PersistWriterAdapter,
-                                                  COBIA::PersistReaderAdapter> {
+/// Both sides of persistence over one store. Names are exact, letter case included. A name that is added
+/// again takes the new value in the old place. Asking for a name that is not there answers 107, for a value
+/// as another type than it was stored as 111.
+class PersistStore
+    : public COBIA::CapeOpenObject<PersistStore, COBIA::PersistWriterAdapter, COBIA::PersistReaderAdapter> {
 public:
     using Value = COBIA::ValueObject::Content;
     template <class Element> using Span = std::span<const Element>;
@@ -25,9 +25,13 @@ public:
 
     // ICapePersistWriter
     void addReal(std::string name, double value) { add<Kind::real>(std::move(name), value); }
-    void addInteger(std::string name, COBIA::CapeInteger value) { add<Kind::integer>(std::move(name), value); }
+    void addInteger(std::string name, COBIA::CapeInteger value) {
+        add<Kind::integer>(std::move(name), value);
+    }
     void addBoolean(std::string name, bool value) { add<Kind::boolean>(std::move(name), value); }
-    void addString(std::string name, std::string value) { add<Kind::string>(std::move(name), std::move(value)); }
+    void addString(std::string name, std::string value) {
+        add<Kind::string>(std::move(name), std::move(value));
+    }
     void addEnumeration(std::string name, COBIA::CapeEnumeration value);
     void addValue(std::string name, Value value) { add<Kind::value>(std::move(name), std::move(value)); }
     void addReals(std::string name, Span<double> values);
@@ -66,10 +70,11 @@ protected:
 
 private:
     // The alternatives stand in the order of CapePersistedDataType, so that its codes are their indices.
-    using Stored = std::variant<double, COBIA::CapeInteger, bool, std::string, COBIA::CapeEnumeration, Value,
-                                std::vector<double>, std::vector<COBIA::CapeInteger>, std::vector<COBIA::CapeBoolean>,
-                                std::vector<std::string>, std::vector<COBIA::CapeEnumeration>, std::vector<Value>,
-                                std::vector<COBIA::CapeByte>>;
+    using Stored =
+        std::variant<double, COBIA::CapeInteger, bool, std::string, COBIA::CapeEnumeration, Value,
+                     std::vector<double>, std::vector<COBIA::CapeInteger>, std::vector<COBIA::CapeBoolean>,
+                     std::vector<std::string>, std::vector<COBIA::CapeEnumeration>, std::vector<Value>,
+                     std::vector<COBIA::CapeByte>>;
 
     template <Kind kind, class Given> void add(std::string name, Given&& content) {
         put(std::move(name),

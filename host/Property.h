@@ -1,4 +1,5 @@
-// The vocabulary of material objects: properties, bases, and how the texts of the binary interface become enumerators.
+// The vocabulary of material objects: properties, bases, and how the texts of the binary interface become
+// enumerators.
 // Not here: the values (StateValues), their calculation (PropertyCalculator).
 #pragma once
 
@@ -12,8 +13,8 @@
 
 namespace orvane::host {
 
-/// What a material object can hold of the whole mixture or of one phase. One value each up to `fraction`, from
-/// there on one value a compound.
+/// What a material object can hold of the whole mixture or of one phase. One value each up to `fraction`,
+/// from there on one value a compound.
 enum class Property : std::uint8_t {
     temperature,
     pressure,

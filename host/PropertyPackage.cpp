@@ -36,14 +36,14 @@ double mix(std::span<const double> moleFractions, std::span<const double> values
 
 std::string_view conditionName(ConditionKind kind) {
     switch (kind) {
-        case ConditionKind::temperature: return "temperature";
-        case ConditionKind::pressure: return "pressure";
-        case ConditionKind::vaporFraction: return "vapor_fraction";
-        case ConditionKind::enthalpy: return "enthalpy";
-        case ConditionKind::enthalpyF: return "enthalpyF";
-        case ConditionKind::entropy: return "entropy";
-        case ConditionKind::entropyF: return "entropyF";
-        case ConditionKind::volume: return "volume";
+    case ConditionKind::temperature: return "temperature";
+    case ConditionKind::pressure: return "pressure";
+    case ConditionKind::vaporFraction: return "vapor_fraction";
+    case ConditionKind::enthalpy: return "enthalpy";
+    case ConditionKind::enthalpyF: return "enthalpyF";
+    case ConditionKind::entropy: return "entropy";
+    case ConditionKind::entropyF: return "entropyF";
+    case ConditionKind::volume: return "volume";
     }
     return "";
 }
@@ -56,7 +56,8 @@ PropertyPackage::PropertyPackage(std::vector<package::Compound> compounds,
         molarMasses_.push_back(compound.molecularWeight * 1e-3);
         formationEnthalpies_.push_back(compound.idealGasFormationEnthalpy);
         referenceEntropies_.push_back(compound.idealGasAbsoluteEntropy -
-                                      package::gasConstant * std::log(package::referencePressure / tablePressure));
+                                      package::gasConstant *
+                                          std::log(package::referencePressure / tablePressure));
     }
 }
 
@@ -91,17 +92,17 @@ package::Equilibrium PropertyPackage::equilibrium(Condition first, Condition sec
     requireSupport(first.kind, second.kind);
     if (second.kind == ConditionKind::pressure) std::swap(first, second);
     switch (second.kind) {
-        case ConditionKind::temperature:
-            return flash_.temperaturePressure(second.value, first.value, moleFractions);
-        case ConditionKind::enthalpy: return flash_.pressureEnthalpy(first.value, second.value, moleFractions);
-        case ConditionKind::enthalpyF:
-            return flash_.pressureEnthalpy(first.value, second.value - formationEnthalpy(moleFractions),
-                                           moleFractions);
-        case ConditionKind::entropy: return flash_.pressureEntropy(first.value, second.value, moleFractions);
-        case ConditionKind::entropyF:
-            return flash_.pressureEntropy(first.value, second.value - referenceEntropy(moleFractions),
-                                          moleFractions);
-        default: throw std::logic_error("a supported pair of flash conditions without its flash");
+    case ConditionKind::temperature:
+        return flash_.temperaturePressure(second.value, first.value, moleFractions);
+    case ConditionKind::enthalpy: return flash_.pressureEnthalpy(first.value, second.value, moleFractions);
+    case ConditionKind::enthalpyF:
+        return flash_.pressureEnthalpy(first.value, second.value - formationEnthalpy(moleFractions),
+                                       moleFractions);
+    case ConditionKind::entropy: return flash_.pressureEntropy(first.value, second.value, moleFractions);
+    case ConditionKind::entropyF:
+        return flash_.pressureEntropy(first.value, second.value - referenceEntropy(moleFractions),
+                                      moleFractions);
+    default: throw std::logic_error("a supported pair of flash conditions without its flash");
     }
 }
 

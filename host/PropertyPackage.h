@@ -1,5 +1,5 @@
-// The property package as the streams of a case share it: compounds, equation of state and flash, with what material
-// objects ask for at every call made ready once.
+// The property package as the streams of a case share it: compounds, equation of state and flash, with what
+// material objects ask for at every call made ready once.
 // Not here: the thermodynamics (package/), the state of a stream (MaterialObject).
 #pragma once
 
@@ -14,7 +14,16 @@
 namespace orvane::host {
 
 /// A quantity that a flash can be specified by.
-enum class ConditionKind { temperature, pressure, vaporFraction, enthalpy, enthalpyF, entropy, entropyF, volume };
+enum class ConditionKind {
+    temperature,
+    pressure,
+    vaporFraction,
+    enthalpy,
+    enthalpyF,
+    entropy,
+    entropyF,
+    volume
+};
 
 /// SI units and a mole basis: K, Pa, mol/mol, J/mol, J/mol/K, m3/mol.
 struct Condition {
@@ -29,7 +38,8 @@ std::string_view conditionName(ConditionKind kind);
 class PropertyPackage {
 public:
     /// Throws package::PackageError as PengRobinson does.
-    PropertyPackage(std::vector<package::Compound> compounds, const std::vector<package::Interaction>& overrides);
+    PropertyPackage(std::vector<package::Compound> compounds,
+                    const std::vector<package::Interaction>& overrides);
 
     std::size_t size() const { return equation().size(); }
     const std::vector<package::Compound>& compounds() const { return equation().compounds(); }
@@ -39,8 +49,8 @@ public:
     const std::vector<std::string>& ids() const { return ids_; }
     std::span<const double> molarMasses() const { return molarMasses_; }  ///< kg/mol
 
-    /// What enthalpyF and entropyF of a mixture have above enthalpy and entropy: formation from the elements at
-    /// 298.15 K [J/mol] and absolute entropy [J/mol/K].
+    /// What enthalpyF and entropyF of a mixture have above enthalpy and entropy: formation from the elements
+    /// at 298.15 K [J/mol] and absolute entropy [J/mol/K].
     double formationEnthalpy(std::span<const double> moleFractions) const;
     double referenceEntropy(std::span<const double> moleFractions) const;
 
@@ -49,9 +59,10 @@ public:
     /// Throws package::PackageError, with the pairs that there are, for one that supports() refuses.
     static void requireSupport(ConditionKind first, ConditionKind second);
 
-    /// The equilibrium of one mole. Throws package::PackageError as requireSupport() does, for conditions out of range,
-    /// and for a flash that does not converge.
-    package::Equilibrium equilibrium(Condition first, Condition second, std::span<const double> moleFractions) const;
+    /// The equilibrium of one mole. Throws package::PackageError as requireSupport() does, for conditions out
+    /// of range, and for a flash that does not converge.
+    package::Equilibrium equilibrium(Condition first, Condition second,
+                                     std::span<const double> moleFractions) const;
 
 private:
     package::Flash flash_;

@@ -63,19 +63,26 @@ Json composition(const RunResult& result, const std::vector<double>& fractions) 
 Json stream(const RunResult& result, const StreamResult& of) {
     Json phases = Json::object();
     for (const StreamPhase& phase : of.phases) {
-        phases[phase.label] = {{"fraction", phase.fraction}, {"composition", composition(result, phase.composition)}};
+        phases[phase.label] = {{"fraction", phase.fraction},
+                               {"composition", composition(result, phase.composition)}};
     }
-    return {{"temperature", of.temperature},    {"pressure", of.pressure},
-            {"flow_rate", of.flowRate},         {"composition", composition(result, of.composition)},
-            {"vapor_fraction", of.vaporFraction}, {"enthalpy", of.enthalpy},
-            {"entropy", of.entropy},            {"phases", std::move(phases)}};
+    return {{"temperature", of.temperature},
+            {"pressure", of.pressure},
+            {"flow_rate", of.flowRate},
+            {"composition", composition(result, of.composition)},
+            {"vapor_fraction", of.vaporFraction},
+            {"enthalpy", of.enthalpy},
+            {"entropy", of.entropy},
+            {"phases", std::move(phases)}};
 }
 
 Json parameter(const ParameterValue& value) {
     return std::visit(
         [](const auto& content) -> Json {
-            if constexpr (std::is_same_v<std::decay_t<decltype(content)>, std::monostate>) return nullptr;
-            else return content;
+            if constexpr (std::is_same_v<std::decay_t<decltype(content)>, std::monostate>)
+                return nullptr;
+            else
+                return content;
         },
         value);
 }

@@ -61,7 +61,8 @@ std::string parameterTable(const RunResult& result) {
     Table table;
     table.row({"Parameters"});
     for (const ParameterResult& parameter : result.parameters) {
-        table.row({fmt::format("  {}{}{}", parameter.name, parameter.unit.empty() ? "" : " [" + parameter.unit + "]",
+        table.row({fmt::format("  {}{}{}", parameter.name,
+                               parameter.unit.empty() ? "" : " [" + parameter.unit + "]",
                                parameter.isInput ? "" : " (output)"),
                    shown(parameter.value)});
     }
@@ -71,7 +72,8 @@ std::string parameterTable(const RunResult& result) {
 std::string closureTable(const Closure& closure) {
     Table table;
     const auto row = [&](const std::string& heading, const Balance& balance) {
-        table.row({heading, number(balance.in), number(balance.out), fmt::format("{:.2e}", balance.difference()),
+        table.row({heading, number(balance.in), number(balance.out),
+                   fmt::format("{:.2e}", balance.difference()),
                    fmt::format("{:.1e}", std::abs(balance.relative()))});
     };
     table.row({"Balances", "In", "Out", "Difference", "Relative"});
@@ -79,8 +81,8 @@ std::string closureTable(const Closure& closure) {
     row("  energy [W]", closure.energy);
     std::string text = table.text();
     if (!closure.suppliedBy.empty()) {
-        text += fmt::format("    of the energy in, supplied by '{}': {} W\n", fmt::join(closure.suppliedBy, "', '"),
-                            number(closure.supplied));
+        text += fmt::format("    of the energy in, supplied by '{}': {} W\n",
+                            fmt::join(closure.suppliedBy, "', '"), number(closure.supplied));
     }
     return text;
 }

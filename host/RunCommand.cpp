@@ -25,11 +25,14 @@ public:
     int run() {
         try {
             carryOut();
-        } catch (const CaseError& error) {
+        }
+        catch (const CaseError& error) {
             fail(exitWrongUse, error.what());
-        } catch (const ModuleError& error) {
+        }
+        catch (const ModuleError& error) {
             fail(exitNotLoaded, error.what());
-        } catch (const std::exception& error) {
+        }
+        catch (const std::exception& error) {
             fail(exitUnitFailed, error.what());
         }
         judgeStop();
@@ -56,10 +59,11 @@ private:
         if (options_.timeout) {
             RunResult known = result_;
             known.error = timeoutText();
-            watchdog_.emplace(std::chrono::duration<double>(*options_.timeout), [this, known = std::move(known)] {
-                say("error", known.error);
-                writeJson(known);
-            });
+            watchdog_.emplace(std::chrono::duration<double>(*options_.timeout),
+                              [this, known = std::move(known)] {
+                                  say("error", known.error);
+                                  writeJson(known);
+                              });
         }
 
         const ModuleLoader module(options_.module);
@@ -76,9 +80,11 @@ private:
             run.prepare();
             if (!run.validate()) throw UnitInvalid(run.result().message);
             if (!options_.validateOnly) calculate(run);
-        } catch (const UnitInvalid& error) {
+        }
+        catch (const UnitInvalid& error) {
             fail(exitUnitFailed, fmt::format("the unit is not valid: {}", error.what()));
-        } catch (const COBIA::cape_open_error& error) {
+        }
+        catch (const COBIA::cape_open_error& error) {
             fail(exitUnitFailed, error.what());
             unitError = error.directText();
         }
@@ -109,8 +115,10 @@ private:
     /// A run that was stopped may have failed in any way, or not at all: that it was stopped is what counts.
     void judgeStop() {
         const std::string cause = result_.error.empty() ? "" : ": " + result_.error;
-        if (timeIsUp()) fail(exitTimedOut, timeoutText() + cause);
-        else if (interrupted()) fail(exitInterrupted, "interrupted" + cause);
+        if (timeIsUp())
+            fail(exitTimedOut, timeoutText() + cause);
+        else if (interrupted())
+            fail(exitInterrupted, "interrupted" + cause);
     }
 
     std::string timeoutText() const { return fmt::format("timed out after {:g} s", *options_.timeout); }
@@ -131,14 +139,17 @@ private:
         } else if (exitCode_ == exitSuccess) {
             fmt::print("{}", resultTables(result_, closure_));
             if (options_.repeat > 1) {
-                fmt::print("\n{} calculations, {:.3g} s each on average\n", options_.repeat, result_.elapsedSeconds);
+                fmt::print("\n{} calculations, {:.3g} s each on average\n", options_.repeat,
+                           result_.elapsedSeconds);
             }
         }
-        if (std::fflush(stdout) != 0) fail(exitWrongUse, "the results could not be written to standard output");
+        if (std::fflush(stdout) != 0)
+            fail(exitWrongUse, "the results could not be written to standard output");
     }
 
     static void say(std::string_view kind, std::string_view text) {
-        fmt::print(stderr, "{}: {}{}", kind, text, text.ends_with('\n') ? "" : "\n");
+        while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
+        fmt::print(stderr, "{}: {}\n", kind, text);
     }
 
     /// Does nothing unless it was asked for. False when the result could not be written, which was said then.
@@ -146,10 +157,13 @@ private:
         if (!options_.json) return true;
         try {
             const std::string text = resultJson(result);
-            if (jsonOnly()) output_->write(text);
-            else writeWhole(*options_.json, text);
+            if (jsonOnly())
+                output_->write(text);
+            else
+                writeWhole(*options_.json, text);
             return true;
-        } catch (const std::exception& error) {
+        }
+        catch (const std::exception& error) {
             say("error", error.what());
             return false;
         }
@@ -169,7 +183,8 @@ private:
 int runCommand(const RunOptions& options) {
     try {
         return Command(options).run();
-    } catch (const std::exception& error) {
+    }
+    catch (const std::exception& error) {
         fmt::print(stderr, "error: {}\n", error.what());
         return exitWrongUse;
     }

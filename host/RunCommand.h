@@ -19,8 +19,8 @@ struct RunOptions {
     bool validateOnly = false;
 };
 
-/// Results go to standard output; errors, warnings and progress to standard error. With JSON on standard output nothing
-/// else goes there. Throws nothing: every failure becomes a message and an exit code.
+/// Results go to standard output; errors, warnings and progress to standard error. With JSON on standard
+/// output nothing else goes there. Throws nothing: every failure becomes a message and an exit code.
 int runCommand(const RunOptions& options);
 
 }  // namespace orvane::host

@@ -6,7 +6,9 @@
 namespace orvane::host {
 namespace {
 
-double valueOf(const StateValues& of, Property property) { return of.has(property) ? of.value(property) : notKnown; }
+double valueOf(const StateValues& of, Property property) {
+    return of.has(property) ? of.value(property) : notKnown;
+}
 
 std::vector<double> compositionOf(const StateValues& of) {
     if (!of.has(Property::fraction)) return {};
@@ -38,7 +40,8 @@ StreamResult streamResult(std::string port, bool isFeed, const MaterialObject& m
             result.enthalpy = energy->enthalpy;
             result.entropy = energy->entropy;
         }
-    } catch (const package::PackageError&) {
+    }
+    catch (const package::PackageError&) {
         // The state is a result even where its energies cannot be had; they show as unknown.
     }
     return result;

@@ -34,7 +34,8 @@ struct StreamResult {
     std::vector<StreamPhase> phases;
 };
 
-/// What the user should know of the state of a stream: of its flash, and of constants used outside of their range.
+/// What the user should know of the state of a stream: of its flash, and of constants used outside of their
+/// range.
 std::vector<std::string> streamWarnings(const std::string& port, const MaterialObject& material);
 
 /// What a material object holds now. Energies are left NaN when the package cannot give them.

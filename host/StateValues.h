@@ -1,5 +1,6 @@
-// The values that a material object holds of the whole mixture or of one phase: which are known, and what they are.
-// All on a mole basis and in SI units, so that nothing else needs to know what basis a value came in.
+// The values that a material object holds of the whole mixture or of one phase: which are known, and what
+// they are. All on a mole basis and in SI units, so that nothing else needs to know what basis a value came
+// in.
 // Not here: rules about what may be set when (MaterialObject).
 #pragma once
 

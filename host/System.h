@@ -39,8 +39,8 @@ std::string_view pythonAdvice();
 /// Whether standard error is a terminal.
 bool errorIsTerminal();
 
-/// The standard output as it was when this object was made. From then on whatever writes to the standard output of the
-/// process (scripts, C libraries, printf) reaches standard error instead.
+/// The standard output as it was when this object was made. From then on whatever writes to the standard
+/// output of the process (scripts, C libraries, printf) reaches standard error instead.
 class ReservedOutput {
 public:
     ReservedOutput();
@@ -55,13 +55,15 @@ private:
     int descriptor_;
 };
 
-/// Writes a file whole or not at all: beside it under a temporary name, then renamed. What is there already and is no
-/// regular file (a pipe, a device) is written directly. Throws std::runtime_error that names the file and the reason.
+/// Writes a file whole or not at all: beside it under a temporary name, then renamed. What is there already
+/// and is no regular file (a pipe, a device) is written directly. Throws std::runtime_error that names the
+/// file and the reason.
 void writeWhole(const std::filesystem::path& file, std::string_view text);
 
-/// Notices Ctrl-C, and passes it on to the handler that was there before, so that a script gets its KeyboardInterrupt.
-/// A second Ctrl-C ends the process at once with exit code 130, and so does the first where there was no handler.
-/// One at a time. To be made after the interpreter has started, on the thread that runs it.
+/// Notices Ctrl-C, and passes it on to the handler that was there before, so that a script gets its
+/// KeyboardInterrupt. A second Ctrl-C ends the process at once with exit code 130, and so does the first
+/// where there was no handler. One at a time. To be made after the interpreter has started, on the thread
+/// that runs it.
 class InterruptWatch {
 public:
     InterruptWatch();
@@ -71,8 +73,8 @@ public:
 
     bool interrupted() const noexcept;
 
-    /// Asks the interpreter to interrupt the script, as Ctrl-C does, without interrupted() becoming true. From any
-    /// thread; does nothing when no InterruptWatch is there.
+    /// Asks the interpreter to interrupt the script, as Ctrl-C does, without interrupted() becoming true.
+    /// From any thread; does nothing when no InterruptWatch is there.
     static void interruptScript() noexcept;
 };
 

@@ -23,8 +23,8 @@ private:
     std::vector<std::vector<std::string>> rows_;
 };
 
-/// How many columns of a terminal a UTF-8 text takes: one a character, none for combining marks, two for the wide
-/// characters of East Asian scripts.
+/// How many columns of a terminal a UTF-8 text takes: one a character, none for combining marks, two for the
+/// wide characters of East Asian scripts.
 std::size_t displayWidth(std::string_view utf8);
 
 }  // namespace orvane::host

@@ -105,7 +105,8 @@ UnitParameter::UnitParameter(Ref<ICapeInterface> item) : item_(std::move(item)) 
 
     RealArray dimensionality;
     if (type_ == CapeParamType::real) {
-        call<&ICapeRealParameter::Table::getDimensionality>(query<ICapeRealParameter>(item_), dimensionality.out());
+        call<&ICapeRealParameter::Table::getDimensionality>(query<ICapeRealParameter>(item_),
+                                                            dimensionality.out());
         isPower_ = host::isPower(dimensionality.view());
     } else if (type_ == CapeParamType::arrayReal) {
         call<&ICapeArrayRealParameter::Table::getDimensionality>(query<ICapeArrayRealParameter>(item_),
@@ -116,47 +117,51 @@ UnitParameter::UnitParameter(Ref<ICapeInterface> item) : item_(std::move(item)) 
 
 ParameterValue UnitParameter::value() const {
     switch (type_) {
-        case CapeParamType::real:
-            return get<&ICapeRealParameter::Table::getValue, CapeReal>(query<ICapeRealParameter>(item_));
-        case CapeParamType::integer: {
-            const auto value =
-                get<&ICapeIntegerParameter::Table::getValue, CapeInteger>(query<ICapeIntegerParameter>(item_));
-            return value == undefinedInteger ? ParameterValue() : ParameterValue(value);
-        }
-        case CapeParamType::boolean:
-            return get<&ICapeBooleanParameter::Table::getValue, CapeBoolean>(query<ICapeBooleanParameter>(item_)) != 0;
-        case CapeParamType::string:
-            return text<&ICapeStringParameter::Table::getValue>(query<ICapeStringParameter>(item_).get());
-        case CapeParamType::arrayReal: {
-            RealArray values;
-            call<&ICapeArrayRealParameter::Table::getValue>(query<ICapeArrayRealParameter>(item_), values.out());
-            return std::vector<double>(values.view().begin(), values.view().end());
-        }
-        default: throw cape_open_error(fmt::format("parameter '{}' has a type that the host does not know", name_));
+    case CapeParamType::real:
+        return get<&ICapeRealParameter::Table::getValue, CapeReal>(query<ICapeRealParameter>(item_));
+    case CapeParamType::integer: {
+        const auto value =
+            get<&ICapeIntegerParameter::Table::getValue, CapeInteger>(query<ICapeIntegerParameter>(item_));
+        return value == undefinedInteger ? ParameterValue() : ParameterValue(value);
+    }
+    case CapeParamType::boolean:
+        return get<&ICapeBooleanParameter::Table::getValue, CapeBoolean>(
+                   query<ICapeBooleanParameter>(item_)) != 0;
+    case CapeParamType::string:
+        return text<&ICapeStringParameter::Table::getValue>(query<ICapeStringParameter>(item_).get());
+    case CapeParamType::arrayReal: {
+        RealArray values;
+        call<&ICapeArrayRealParameter::Table::getValue>(query<ICapeArrayRealParameter>(item_), values.out());
+        return std::vector<double>(values.view().begin(), values.view().end());
+    }
+    default:
+        throw cape_open_error(fmt::format("parameter '{}' has a type that the host does not know", name_));
     }
 }
 
 std::string UnitParameter::typeText() const {
     switch (type_) {
-        case CapeParamType::real: return unit_.empty() ? "a number" : fmt::format("a number [{}]", unit_);
-        case CapeParamType::integer: return "an integer";
-        case CapeParamType::boolean: return "true or false";
-        case CapeParamType::string: return "a text";
-        case CapeParamType::arrayReal: return unit_.empty() ? "an array of numbers"
-                                                            : fmt::format("an array of numbers [{}]", unit_);
-        default: return "of a type that the host does not know";
+    case CapeParamType::real: return unit_.empty() ? "a number" : fmt::format("a number [{}]", unit_);
+    case CapeParamType::integer: return "an integer";
+    case CapeParamType::boolean: return "true or false";
+    case CapeParamType::string: return "a text";
+    case CapeParamType::arrayReal:
+        return unit_.empty() ? "an array of numbers" : fmt::format("an array of numbers [{}]", unit_);
+    default: return "of a type that the host does not know";
     }
 }
 
 void UnitParameter::refuse(const CaseParameter& given, const std::string& reason) const {
-    throw CaseError(fmt::format("{}: parameter '{}' = {}: {}", given.place, name_, shown(given.value), reason));
+    throw CaseError(
+        fmt::format("{}: parameter '{}' = {}: {}", given.place, name_, shown(given.value), reason));
 }
 
 void UnitParameter::set(const CaseParameter& given) {
     if (!isInput()) refuse(given, "it is an output, which the script sets");
     try {
         put(given);
-    } catch (const cape_open_error& error) {
+    }
+    catch (const cape_open_error& error) {
         refuse(given, error.directText());
     }
 }
@@ -167,28 +172,29 @@ void UnitParameter::put(const CaseParameter& given) {
         return *value;
     };
     switch (type_) {
-        case CapeParamType::real:
-            call<&ICapeRealParameter::Table::putValue>(query<ICapeRealParameter>(item_), wanted(asReal(given.value)));
-            break;
-        case CapeParamType::integer:
-            call<&ICapeIntegerParameter::Table::putValue>(query<ICapeIntegerParameter>(item_),
-                                                          wanted(asInteger(given.value)));
-            break;
-        case CapeParamType::boolean:
-            call<&ICapeBooleanParameter::Table::putValue>(query<ICapeBooleanParameter>(item_),
-                                                          CapeBoolean{wanted(asBoolean(given.value)) ? 1u : 0u});
-            break;
-        case CapeParamType::string: {
-            const StringObject value(wanted(asString(given.value)));
-            call<&ICapeStringParameter::Table::putValue>(query<ICapeStringParameter>(item_), value.in());
-            break;
-        }
-        case CapeParamType::arrayReal: {
-            const RealArray values(wanted(asReals(given.value)));
-            call<&ICapeArrayRealParameter::Table::putValue>(query<ICapeArrayRealParameter>(item_), values.in());
-            break;
-        }
-        default: refuse(given, "it is " + typeText());
+    case CapeParamType::real:
+        call<&ICapeRealParameter::Table::putValue>(query<ICapeRealParameter>(item_),
+                                                   wanted(asReal(given.value)));
+        break;
+    case CapeParamType::integer:
+        call<&ICapeIntegerParameter::Table::putValue>(query<ICapeIntegerParameter>(item_),
+                                                      wanted(asInteger(given.value)));
+        break;
+    case CapeParamType::boolean:
+        call<&ICapeBooleanParameter::Table::putValue>(query<ICapeBooleanParameter>(item_),
+                                                      CapeBoolean{wanted(asBoolean(given.value)) ? 1u : 0u});
+        break;
+    case CapeParamType::string: {
+        const StringObject value(wanted(asString(given.value)));
+        call<&ICapeStringParameter::Table::putValue>(query<ICapeStringParameter>(item_), value.in());
+        break;
+    }
+    case CapeParamType::arrayReal: {
+        const RealArray values(wanted(asReals(given.value)));
+        call<&ICapeArrayRealParameter::Table::putValue>(query<ICapeArrayRealParameter>(item_), values.in());
+        break;
+    }
+    default: refuse(given, "it is " + typeText());
     }
 }
 

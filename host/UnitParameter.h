@@ -12,7 +12,8 @@
 namespace orvane::host {
 
 /// The value of a parameter; an integer that is not specified is empty.
-using ParameterValue = std::variant<std::monostate, double, std::int32_t, bool, std::string, std::vector<double>>;
+using ParameterValue =
+    std::variant<std::monostate, double, std::int32_t, bool, std::string, std::vector<double>>;
 
 class UnitParameter {
 public:
@@ -29,8 +30,8 @@ public:
     /// Throws cape_open_error; also for types that no unit of ours declares.
     ParameterValue value() const;
 
-    /// Throws CaseError, which names the parameter, the value and the reason: an output, another type, or what the unit
-    /// says against the value.
+    /// Throws CaseError, which names the parameter, the value and the reason: an output, another type, or
+    /// what the unit says against the value.
     void set(const CaseParameter& given);
 
 private:

@@ -13,7 +13,9 @@ UnitPort::UnitPort(Ref<ICapeInterface> item) : port_(query<ICapeUnitPort>(item))
 }
 
 UnitSession::UnitSession(const ModuleLoader& module, Ref<SimulationContext> context)
-    : context_(std::move(context)), object_(module.createUnit()), unit_(query<ICapeUnit>(object_)),
+    : context_(std::move(context)),
+      object_(module.createUnit()),
+      unit_(query<ICapeUnit>(object_)),
       utilities_(query<ICapeUtilities>(object_)) {
     if (!unit_ || !utilities_) {
         throw ModuleError("what the module '" + module.file().string() +
@@ -40,13 +42,15 @@ UnitSession::~UnitSession() {
 }
 
 void UnitSession::setName(const std::string& name) {
-    call<&ICapeIdentification::Table::putComponentName>(query<ICapeIdentification>(object_), StringObject(name).in());
+    call<&ICapeIdentification::Table::putComponentName>(query<ICapeIdentification>(object_),
+                                                        StringObject(name).in());
 }
 
 void UnitSession::loadScript(const std::string& script) {
     const auto store = makeObject<PersistStore>();
     store->addString("python", script);
-    for (const char* empty : {"lastOutput", "runReportHeader", "runReportFooter"}) store->addString(empty, "");
+    for (const char* empty : {"lastOutput", "runReportHeader", "runReportFooter"})
+        store->addString(empty, "");
     store->addTexts("parameterNames", {});
     store->addIntegers("parameterTypes", {});
     const auto persistence = query<ICapePersist>(object_);
@@ -59,7 +63,8 @@ template <class Item> std::vector<Item> UnitSession::items(const Ref<ICapeCollec
     call<&ICapeCollection::Table::getCount>(collection, &count);
     std::vector<Item> result;
     for (CapeInteger i = 0; i < count; ++i) {
-        result.emplace_back(obtain<ICapeInterface, &ICapeCollection::Table::ItemByIndex>(collection.get(), i));
+        result.emplace_back(
+            obtain<ICapeInterface, &ICapeCollection::Table::ItemByIndex>(collection.get(), i));
     }
     return result;
 }
@@ -69,7 +74,8 @@ std::vector<UnitPort> UnitSession::ports() {
 }
 
 std::vector<UnitParameter> UnitSession::parameters() {
-    return items<UnitParameter>(obtain<ICapeCollection, &ICapeUtilities::Table::getParameters>(utilities_.get()));
+    return items<UnitParameter>(
+        obtain<ICapeCollection, &ICapeUtilities::Table::getParameters>(utilities_.get()));
 }
 
 void UnitSession::connect(const UnitPort& port, ICapeInterface* stream) {

@@ -1,5 +1,5 @@
-// One unit operation from creation to release, as a simulator leads it: context, script, ports, parameters, validation,
-// calculation.
+// One unit operation from creation to release, as a simulator leads it: context, script, ports, parameters,
+// validation, calculation.
 // Not here: loading the module (ModuleLoader), streams and results (CaseRun).
 // Threads: the one that made it.
 #pragma once
@@ -39,8 +39,8 @@ public:
     UnitSession(const ModuleLoader& module, COBIA::Ref<SimulationContext> context);
     UnitSession(const UnitSession&) = delete;
     UnitSession& operator=(const UnitSession&) = delete;
-    /// Disconnects what was connected here, then terminates and releases the unit. Failures on this way change nothing
-    /// about the results and are dropped.
+    /// Disconnects what was connected here, then terminates and releases the unit. Failures on this way
+    /// change nothing about the results and are dropped.
     ~UnitSession();
 
     void setName(const std::string& name);
@@ -57,8 +57,8 @@ public:
     COBIA::Verdict validate();
     void calculate();
 
-    /// What the unit reports of the last calculation, what the script printed included. Empty when the unit offers no
-    /// reports.
+    /// What the unit reports of the last calculation, what the script printed included. Empty when the unit
+    /// offers no reports.
     std::optional<std::string> lastCalculation();
 
 private:

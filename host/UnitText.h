@@ -6,9 +6,9 @@
 
 namespace orvane::host {
 
-/// The exponents of m, kg, s, A, K, mol, cd and rad, in this order; missing ones at the end are 0, a ninth entry marks a
-/// difference and does not show. Empty for a quantity without unit. Combinations without a name of their own are written
-/// out: "m2 kg s-3".
+/// The exponents of m, kg, s, A, K, mol, cd and rad, in this order; missing ones at the end are 0, a ninth
+/// entry marks a difference and does not show. Empty for a quantity without unit. Combinations without a name
+/// of their own are written out: "m2 kg s-3".
 std::string unitText(std::span<const double> dimensionality);
 
 /// Whether the exponents are those of a power, W.

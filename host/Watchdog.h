@@ -10,9 +10,9 @@
 
 namespace orvane::host {
 
-/// When time is up, first interrupts the script as Ctrl-C does, so that the run can end in order and what was printed is
-/// kept. A run that does not heed it within the grace period is ended: `lastWords` is called, on a thread of its own,
-/// and the process ends with exitTimedOut.
+/// When time is up, first interrupts the script as Ctrl-C does, so that the run can end in order and what was
+/// printed is kept. A run that does not heed it within the grace period is ended: `lastWords` is called, on a
+/// thread of its own, and the process ends with exitTimedOut.
 class Watchdog {
 public:
     static constexpr std::chrono::milliseconds grace{1000};

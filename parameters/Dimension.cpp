@@ -81,7 +81,8 @@ PyRef Dimension::power(PyObject* base, PyObject* exponent, PyObject* modulus) {
 }
 
 PyTypeObject dimensionType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.Dimension",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.Dimension",
     .tp_basicsize = sizeof(PyObjectOf<Dimension>),
     .tp_dealloc = destroy<Dimension>,
     .tp_as_number = &operators,

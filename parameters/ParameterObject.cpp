@@ -34,7 +34,8 @@ PyGetSetDef attributes[] = {
 }  // namespace
 
 PyTypeObject parameterType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.Parameter",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.Parameter",
     .tp_basicsize = sizeof(PyObjectOf<ParameterObject>),
     .tp_dealloc = destroy<ParameterObject>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

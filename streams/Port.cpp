@@ -5,7 +5,10 @@ namespace orvane {
 using namespace COBIA;
 
 Port::Port(PortOwner& owner, std::string name, std::string description, bool isFeed, bool optional)
-    : owner_(&owner), name_(std::move(name)), description_(std::move(description)), isFeed_(isFeed),
+    : owner_(&owner),
+      name_(std::move(name)),
+      description_(std::move(description)),
+      isFeed_(isFeed),
       isOptional_(optional) {}
 
 CapePortDirection Port::portDirection() const {

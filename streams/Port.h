@@ -68,7 +68,9 @@ public:
     /// Takes back the state of the object that scriptObject gave, after the script's Calculate. Python.
     virtual void writeBack(PyObject*) {}
     /// True when the other port, of a later Configure, is this one with a new definition.
-    bool sameKind(const Port& other) const { return portType() == other.portType() && isFeed_ == other.isFeed_; }
+    bool sameKind(const Port& other) const {
+        return portType() == other.portType() && isFeed_ == other.isFeed_;
+    }
     /// Takes the definition of a port of the same kind over; the connection stays.
     virtual void takeOver(const Port& other);
 

@@ -1,8 +1,10 @@
-// The access to the material object that the host has connected to a port: what it is made of, the properties and the
-// equilibria that it calculates. Nothing else of the unit calls the host's thermodynamics, and nothing here knows Python.
-// SI units; amounts are molar. Every operation throws cape_open_error with the host's own error when a call on it fails,
-// and StringException with a message of ours.
-// Threads: the calculating thread only; what takes property names needs the interpreter lock, which guards their table.
+// The access to the material object that the host has connected to a port: what it is made of, the properties
+// and the equilibria that it calculates. Nothing else of the unit calls the host's thermodynamics, and
+// nothing here knows Python.
+// SI units; amounts are molar. Every operation throws cape_open_error with the host's own error when a call
+// on it fails, and StringException with a message of ours.
+// Threads: the calculating thread only; what takes property names needs the interpreter lock, which guards
+// their table.
 #pragma once
 
 #include "streams/Port.h"
@@ -58,7 +60,8 @@ public:
                                                                std::size_t compound, double temperature) = 0;
     /// `values` gets one entry for each name.
     virtual void phaseProperties(const PhaseState& state, PropertyNames names, PropertyValues& values) = 0;
-    /// The same for a phase of an equilibrium, whose values are to be added up: throws unless each name has values.
+    /// The same for a phase of an equilibrium, whose values are to be added up: throws unless each name has
+    /// values.
     virtual void equilibriumPhaseProperties(const PhaseState& state, PropertyNames names,
                                             PropertyValues& values) = 0;
     /// The properties of two phases together.
@@ -80,11 +83,11 @@ public:
     virtual OverallState overallState() = 0;
     /// mol/s, of the port's own object.
     virtual double totalFlow() = 0;
-    /// Writes the flow of a product to the host's object [mol/s], and marks it as specified once the host has taken it.
-    /// Throws for a feed, for NaN and for a negative value.
+    /// Writes the flow of a product to the host's object [mol/s], and marks it as specified once the host has
+    /// taken it. Throws for a feed, for NaN and for a negative value.
     virtual void setTotalFlow(double flow) = 0;
-    /// Brings the port's object to what the port's specification asks for; without a composition, or with a number of
-    /// conditions other than two, nothing is calculated.
+    /// Brings the port's object to what the port's specification asks for; without a composition, or with a
+    /// number of conditions other than two, nothing is calculated.
     virtual void flashProduct() = 0;
     /// Read once.
     virtual const CompoundList& compounds() = 0;
@@ -98,8 +101,8 @@ public:
 /// The version of the thermodynamic interfaces on a port.
 enum class ThermoVersion { capeOpen_1_2 = 0 };
 
-/// A wrapper of the object that is connected to the port. Throws StringException for a version other than 1.2 and for an
-/// object that is no material.
+/// A wrapper of the object that is connected to the port. Throws StringException for a version other than 1.2
+/// and for an object that is no material.
 std::unique_ptr<CapeMaterial> makeMaterial(ThermoVersion version, MaterialPort& port, PortOwner& owner,
                                            COBIA::ICapeInterface* object);
 

@@ -1,4 +1,5 @@
-// What the package is made of, and the properties of phases. The equilibria are in CapeMaterial_1_2_Equilibrium.cpp.
+// What the package is made of, and the properties of phases. The equilibria are in
+// CapeMaterial_1_2_Equilibrium.cpp.
 #include "thermo/CapeMaterial_1_2.h"
 
 #include "thermo/HostNames.h"

@@ -1,5 +1,6 @@
-// CapeMaterial for objects with the interfaces of CAPE-OPEN 1.2. Interfaces are asked for when they are first needed; the
-// lists of compounds and phases are read once. The unit may make it let go of the host's objects at any time.
+// CapeMaterial for objects with the interfaces of CAPE-OPEN 1.2. Interfaces are asked for when they are first
+// needed; the lists of compounds and phases are read once. The unit may make it let go of the host's objects
+// at any time.
 #pragma once
 
 #include "cobia/Call.h"

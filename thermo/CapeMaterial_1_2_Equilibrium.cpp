@@ -124,7 +124,8 @@ void CapeMaterial_1_2::matchCopiedState() {
     const CopiedState copied = port().specification().copied();
     const FlashCondition pressure{ConditionCode::pressure, copied.pressure};
     const auto flashWith = [&](ConditionCode code, double value) {
-        // Asked for even where the conditions do not need it: a package without a vapour phase is refused as a whole.
+        // Asked for even where the conditions do not need it: a package without a vapour phase is refused as
+        // a whole.
         vaporForFlash();
         calculateEquilibrium({pressure, FlashCondition{code, value}}, SolutionType::unspecified);
     };

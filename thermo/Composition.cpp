@@ -13,7 +13,8 @@ using COBIA::StringException;
 
 namespace {
 
-/// Most compositions are lists of floats, which are read without an iterator. Empty when the value is something else.
+/// Most compositions are lists of floats, which are read without an iterator. Empty when the value is
+/// something else.
 std::vector<double> readFloats(PyObject* value) {
     std::vector<double> result;
     if (!PyList_CheckExact(value)) return result;

@@ -88,7 +88,8 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject compoundType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.Compound",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.Compound",
     .tp_basicsize = sizeof(PyObjectOf<Compound>),
     .tp_dealloc = destroy<Compound>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

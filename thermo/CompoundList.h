@@ -7,7 +7,8 @@
 
 namespace orvane {
 
-/// Six lists in the package's order of compounds, just as the host gave them: their lengths are not compared here.
+/// Six lists in the package's order of compounds, just as the host gave them: their lengths are not compared
+/// here.
 struct CompoundList {
     std::vector<std::string> identifiers;
     std::vector<std::string> formulae;

@@ -43,7 +43,8 @@ ConditionCode conditionArgument(PyObject* name, int number) {
     return conditionNamed(toText(name));
 }
 
-/// x, condition 1, value 1, condition 2, value 2, and perhaps the solution type, which may come as a keyword instead.
+/// x, condition 1, value 1, condition 2, value 2, and perhaps the solution type, which may come as a keyword
+/// instead.
 Given readPositions(PyObject* arguments, PyObject* keywords) {
     const Py_ssize_t count = PyTuple_GET_SIZE(arguments);
     if (count != 5 && count != 6) {
@@ -82,7 +83,8 @@ Given readKeywords(PyObject* keywords) {
             given.setX(value);
         else if (key == "solution_type")
             given.setSolutionType(value);
-        // An equilibrium has no flow; the keyword is taken so that the arguments of set can be passed on as they are.
+        // An equilibrium has no flow; the keyword is taken so that the arguments of set can be passed on as
+        // they are.
         else if (key == "flow_rate")
             toDouble(value);
         else

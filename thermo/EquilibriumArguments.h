@@ -7,7 +7,8 @@
 
 namespace orvane {
 
-/// Throws StringException with the rule that the arguments break, and PythonErrorSet for a value that is no number.
+/// Throws StringException with the rule that the arguments break, and PythonErrorSet for a value that is no
+/// number.
 FlashSpecification readEquilibriumArguments(PyObject* arguments, PyObject* keywords, std::size_t compounds);
 
 }  // namespace orvane

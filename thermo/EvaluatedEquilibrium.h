@@ -1,5 +1,5 @@
-// An equilibrium that has been read, with its phases as the objects that scripts see: behind a PhaseEquilibrium, and behind
-// the Material of a feed.
+// An equilibrium that has been read, with its phases as the objects that scripts see: behind a
+// PhaseEquilibrium, and behind the Material of a feed.
 #pragma once
 
 #include "thermo/MaterialSharedData.h"
@@ -18,8 +18,9 @@ public:
     double temperature() const { return temperature_; }
     double pressure() const { return pressure_; }
 
-    /// The sums over the phases, each at its present state, of phase fraction times the phase's values. Throws
-    /// StringException when a phase has no fraction, temperature or pressure, and when the phases' results do not fit.
+    /// The sums over the phases, each at its present state, of phase fraction times the phase's values.
+    /// Throws StringException when a phase has no fraction, temperature or pressure, and when the phases'
+    /// results do not fit.
     PropertyValues overallProperties(PropertyNames names) const;
     /// J/mol, in the same way.
     double enthalpy() const;

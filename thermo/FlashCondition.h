@@ -1,5 +1,5 @@
-// The conditions of a flash, two of which determine a phase equilibrium: the words that scripts use for them, and what the
-// host is told. And the kind of solution that is wanted where there is more than one.
+// The conditions of a flash, two of which determine a phase equilibrium: the words that scripts use for them,
+// and what the host is told. And the kind of solution that is wanted where there is more than one.
 // Not here: the rules by which a product port takes conditions (ProductSpecification).
 #pragma once
 
@@ -39,7 +39,8 @@ ConditionCode conditionNamed(std::string_view word);
 /// How messages name a condition.
 const char* conditionName(ConditionCode code);
 
-/// How the host is told: property, basis and phase. The vapour fraction names no phase, since its label is the package's.
+/// How the host is told: property, basis and phase. The vapour fraction names no phase, since its label is
+/// the package's.
 struct ConditionSpecification {
     COBIA::StringObject property, basis, phase;
 };

@@ -9,7 +9,8 @@
 
 namespace orvane {
 
-/// Calls `take(name, value)` for each keyword, in the order given. Throws StringException for a name that is no text.
+/// Calls `take(name, value)` for each keyword, in the order given. Throws StringException for a name that is
+/// no text.
 template <class Take> void forEachKeyword(PyObject* keywords, Take&& take) {
     if (!keywords) return;
     Py_ssize_t position = 0;

@@ -1,6 +1,7 @@
-// A material stream as scripts see it. Of a feed it shows the state; of a product it takes what the stream is to be.
-// Not here: the rules of a product's specification (ProductSpecification), calculating (CapeMaterial), the arguments of
-// create_phase_equilibrium (EquilibriumArguments).
+// A material stream as scripts see it. Of a feed it shows the state; of a product it takes what the stream is
+// to be.
+// Not here: the rules of a product's specification (ProductSpecification), calculating (CapeMaterial), the
+// arguments of create_phase_equilibrium (EquilibriumArguments).
 #pragma once
 
 #include "thermo/EvaluatedEquilibrium.h"

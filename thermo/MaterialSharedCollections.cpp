@@ -41,7 +41,8 @@ PyRef MaterialSharedCollections::phaseTypes() {
 }
 
 PyTypeObject materialSharedCollectionsType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.MaterialSharedCollections",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.MaterialSharedCollections",
     .tp_basicsize = sizeof(PyObjectOf<MaterialSharedCollections>),
     .tp_dealloc = destroy<MaterialSharedCollections>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

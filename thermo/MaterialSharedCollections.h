@@ -1,5 +1,5 @@
-// The lists of compounds and phase types of a Material. Only the Material holds them: their elements hold the shared data,
-// and lists in there would keep each other alive.
+// The lists of compounds and phase types of a Material. Only the Material holds them: their elements hold the
+// shared data, and lists in there would keep each other alive.
 #pragma once
 
 #include "engine/PyRef.h"

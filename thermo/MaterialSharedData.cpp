@@ -59,7 +59,8 @@ MaterialSharedData& SharedDataRef::operator*() const noexcept {
 }
 
 PyTypeObject materialSharedDataType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.MaterialSharedData",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.MaterialSharedData",
     .tp_basicsize = sizeof(PyObjectOf<MaterialSharedData>),
     .tp_dealloc = destroy<MaterialSharedData>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

@@ -1,5 +1,5 @@
-// What a Material shares with the phases, equilibria and compounds that were made from it, and what they keep instead of
-// it: the wrapper of the host's object, and the lists of property names, read once.
+// What a Material shares with the phases, equilibria and compounds that were made from it, and what they keep
+// instead of it: the wrapper of the host's object, and the lists of property names, read once.
 #pragma once
 
 #include "engine/PyRef.h"

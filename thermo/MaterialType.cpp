@@ -111,7 +111,8 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject materialType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.Material",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.Material",
     .tp_basicsize = sizeof(PyObjectOf<Material>),
     .tp_dealloc = destroy<Material>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

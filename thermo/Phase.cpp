@@ -96,7 +96,8 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject phaseType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.Phase",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.Phase",
     .tp_basicsize = sizeof(PyObjectOf<Phase>),
     .tp_dealloc = destroy<Phase>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

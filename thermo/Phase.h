@@ -1,4 +1,5 @@
-// A mixture in one phase at a temperature, pressure and composition, as scripts see it. Alone, or part of an equilibrium.
+// A mixture in one phase at a temperature, pressure and composition, as scripts see it. Alone, or part of an
+// equilibrium.
 #pragma once
 
 #include "thermo/PhaseType.h"

@@ -44,7 +44,8 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject phaseEquilibriumType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_unit.PhaseEquilibrium",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_unit.PhaseEquilibrium",
     .tp_basicsize = sizeof(PyObjectOf<PhaseEquilibrium>),
     .tp_dealloc = destroy<PhaseEquilibrium>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

@@ -1,4 +1,5 @@
-// The phases at equilibrium for two conditions, as scripts see them. The flash runs when something is first read.
+// The phases at equilibrium for two conditions, as scripts see them. The flash runs when something is first
+// read.
 #pragma once
 
 #include "thermo/EvaluatedEquilibrium.h"

@@ -62,7 +62,8 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject phasePairType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_thermo.PhasePair",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_thermo.PhasePair",
     .tp_basicsize = sizeof(PyObjectOf<PhasePair>),
     .tp_dealloc = destroy<PhasePair>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

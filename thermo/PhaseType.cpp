@@ -41,7 +41,8 @@ PyMethodDef methods[] = {
 }  // namespace
 
 PyTypeObject phaseTypeType = {
-    .ob_base = PyVarObject_HEAD_INIT(nullptr, 0).tp_name = "capeopen_thermo.PhaseType",
+    .ob_base = typeHead,
+    .tp_name = "capeopen_thermo.PhaseType",
     .tp_basicsize = sizeof(PyObjectOf<PhaseType>),
     .tp_dealloc = destroy<PhaseType>,
     .tp_flags = Py_TPFLAGS_DEFAULT,

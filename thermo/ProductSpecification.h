@@ -1,5 +1,5 @@
-// What a script has asked of a product stream, and the rules by which it may: composition, flow rate, and either two
-// equilibrium conditions or the copied state of another equilibrium.
+// What a script has asked of a product stream, and the rules by which it may: composition, flow rate, and
+// either two equilibrium conditions or the copied state of another equilibrium.
 // Not here: carrying it out (CapeMaterial). Nothing here knows Python or the host.
 #pragma once
 
@@ -14,7 +14,8 @@
 
 namespace orvane {
 
-/// The state that a product is to match; NaN: not taken. The vapour fraction is given on a vapour phase boundary only.
+/// The state that a product is to match; NaN: not taken. The vapour fraction is given on a vapour phase
+/// boundary only.
 struct CopiedState {
     static constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
@@ -36,8 +37,9 @@ public:
     void markFlowRate() { flowRateSpecified_ = true; }
     void setSolutionType(SolutionType type) { solutionType_ = type; }
 
-    /// Adds a condition or replaces the value of the one with the same code. Throws StringException, which names the port
-    /// where that helps, when a copy was recorded, when the value cannot be, and when two others are specified.
+    /// Adds a condition or replaces the value of the one with the same code. Throws StringException, which
+    /// names the port where that helps, when a copy was recorded, when the value cannot be, and when two
+    /// others are specified.
     void setCondition(const std::string& port, FlashCondition condition);
 
     /// Records a copy. Throws StringException when conditions are specified.

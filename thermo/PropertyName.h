@@ -1,5 +1,5 @@
-// Names of thermodynamic properties as they go to the host: prepared once, and with each the basis on which its values
-// are read. Which properties have a basis is known of most and learned of the others.
+// Names of thermodynamic properties as they go to the host: prepared once, and with each the basis on which
+// its values are read. Which properties have a basis is known of most and learned of the others.
 // One table for the process, without a lock: with the interpreter lock held.
 #pragma once
 
@@ -20,8 +20,8 @@ public:
     PropertyName(const PropertyName&) = delete;
     PropertyName& operator=(const PropertyName&) = delete;
 
-    /// The name with that text: the same object for the life of the process. Names that differ in letter case alone are
-    /// two objects that share what is known of their basis.
+    /// The name with that text: the same object for the life of the process. Names that differ in letter case
+    /// alone are two objects that share what is known of their basis.
     static const PropertyName& of(std::string_view text);
 
     COBIA::ICapeString* identifier() const noexcept { return identifier_.in(); }

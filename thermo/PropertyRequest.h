@@ -16,12 +16,13 @@ namespace orvane {
 
 class PropertyRequest {
 public:
-    /// Reads the arguments of the call. Throws StringException when the value is neither a text nor a collection of texts,
-    /// and MissingName when it is empty.
+    /// Reads the arguments of the call. Throws StringException when the value is neither a text nor a
+    /// collection of texts, and MissingName when it is empty.
     PropertyRequest(PyObject* arguments, PyObject* keywords);
     PropertyNames names() const noexcept { return names_.view(); }
 
-    /// One entry for each name; of a single name that entry alone. A property with one value is a float, others are lists.
+    /// One entry for each name; of a single name that entry alone. A property with one value is a float,
+    /// others are lists.
     PyRef entries(const PropertyValues& values) const;
     /// A float for a single name with one value, otherwise one list of all values.
     PyRef flat(const PropertyValues& values) const;

@@ -1,5 +1,5 @@
-// A list that is nearly always short, and then lies within its owner: the names, values and fractions of one call for a
-// property come and go without the heap.
+// A list that is nearly always short, and then lies within its owner: the names, values and fractions of one
+// call for a property come and go without the heap.
 #pragma once
 
 #include <algorithm>

@@ -12,7 +12,8 @@ namespace orvane {
 
 /// Item: Port or Parameter. The collection holds a reference to each.
 template <class Item>
-class Collection : public COBIA::CapeOpenObject<Collection<Item>, COBIA::CollectionAdapter, COBIA::IdentificationAdapter> {
+class Collection
+    : public COBIA::CapeOpenObject<Collection<Item>, COBIA::CollectionAdapter, COBIA::IdentificationAdapter> {
 public:
     /// kind: what is collected, "Port" or "Parameter".
     explicit Collection(const std::string& kind) : name_(kind + " collection") {}
@@ -42,7 +43,8 @@ public:
     void replace(std::vector<COBIA::Ref<Item>> items) {
         items_ = std::move(items);
         index_.clear();
-        for (std::size_t i = 0; i < items_.size(); ++i) index_.emplace(COBIA::lowerCase(items_[i]->name()), i);
+        for (std::size_t i = 0; i < items_.size(); ++i)
+            index_.emplace(COBIA::lowerCase(items_[i]->name()), i);
     }
 
 protected:

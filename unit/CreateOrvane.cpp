@@ -20,9 +20,11 @@ COBIA::CapeResult createOrvane(COBIA::ICapeInterface** result) {
         *result = unit->as<COBIA::ICapeInterface>();
         unit.detach();
         return COBIA::noError;
-    } catch (const std::bad_alloc&) {
+    }
+    catch (const std::bad_alloc&) {
         return COBIA::outOfMemory;
-    } catch (...) {
+    }
+    catch (...) {
         return COBIA::unknownFailure;
     }
 }

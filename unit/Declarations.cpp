@@ -10,8 +10,7 @@ namespace {
 
 using COBIA::StringException;
 
-template <class Items>
-bool hasName(const Items& items, std::string_view name) {
+template <class Items> bool hasName(const Items& items, std::string_view name) {
     return std::any_of(items.begin(), items.end(),
                        [&](const auto& item) { return COBIA::equalIgnoringCase(item->name(), name); });
 }
@@ -19,7 +18,8 @@ bool hasName(const Items& items, std::string_view name) {
 /// Names of reports and images: only ASCII letters lose their case.
 bool equalBytesIgnoringCase(std::string_view a, std::string_view b) {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return lower(x) == lower(y); });
 }
 
 bool hasReport(const std::vector<std::string>& reports, std::string_view name) {

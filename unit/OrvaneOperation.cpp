@@ -14,12 +14,14 @@ namespace orvane {
 using namespace COBIA;
 
 OrvaneOperation::OrvaneOperation()
-    : parameters_(makeObject<Collection<Parameter>>("Parameter")), ports_(makeObject<Collection<Port>>("Port")),
+    : parameters_(makeObject<Collection<Parameter>>("Parameter")),
+      ports_(makeObject<Collection<Port>>("Port")),
       script_("unit" + randomIdentifier()) {
     try {
         scriptFile_.emplace();
         writeFile(scriptFile_->path(), defaultScriptText());
-    } catch (const std::exception& error) {
+    }
+    catch (const std::exception& error) {
         scriptFileError_ = error.what();
     }
     setScriptingTypes(allScriptingTypes());
@@ -45,7 +47,8 @@ OrvaneOperation::~OrvaneOperation() {
     const InterpreterLock lock;
     contentOf<UnitObject>(unitObject_.get()).disown();
     script_.release();
-    for (PyRef* reference : {&callArguments_, &unitObject_, &declared_.module, &declaring_.module}) *reference = PyRef();
+    for (PyRef* reference : {&callArguments_, &unitObject_, &declared_.module, &declaring_.module})
+        *reference = PyRef();
 }
 
 void OrvaneOperation::setName(const std::string& name) {
@@ -78,7 +81,9 @@ void OrvaneOperation::terminate() {
     contextValues_ = nullptr;
 }
 
-CapeEditResult OrvaneOperation::edit(CapeWindowId) { throw StringException("This unit operation has no editor"); }
+CapeEditResult OrvaneOperation::edit(CapeWindowId) {
+    throw StringException("This unit operation has no editor");
+}
 
 void OrvaneOperation::save(ICapePersistWriter* writer, bool) {
     if (!writer) throw cape_open_error(nullPointer);
@@ -123,7 +128,8 @@ void OrvaneOperation::writeScript(const std::string& script) {
     if (!scriptFile_) throw StringException("unable to write python script to temp file");
     try {
         writeFile(scriptFile_->path(), script);
-    } catch (const StringException&) {
+    }
+    catch (const StringException&) {
         throw StringException("unable to write python script to temp file");
     }
 }

@@ -163,10 +163,12 @@ private:
     ScriptModule script_;
     PyRef unitObject_, callArguments_;
     Declarations declaring_;  // what the running Configure has declared so far
-    Declarations declared_;   // what the last successful one declared; ports and parameters are in the collections
-    std::map<std::string, std::string> reports_;                // text by upper-cased name
-    std::unordered_map<std::string, StoredValue> savedValues_;  // loaded, until Configure declares their parameters
-    std::vector<HostObjectHolder*> holders_;                    // alive, each with a hold on objects of the host
+    Declarations
+        declared_;  // what the last successful one declared; ports and parameters are in the collections
+    std::map<std::string, std::string> reports_;  // text by upper-cased name
+    std::unordered_map<std::string, StoredValue>
+        savedValues_;                         // loaded, until Configure declares their parameters
+    std::vector<HostObjectHolder*> holders_;  // alive, each with a hold on objects of the host
 };
 
 }  // namespace orvane

@@ -21,8 +21,10 @@ constexpr const char* onlyLocale = "eng";
 std::string withWindowsLineEnds(const std::string& text) {
     std::string result;
     for (const char c : text) {
-        if (c == '\n') result += "\r\n";
-        else if (c != '\r') result += c;
+        if (c == '\n')
+            result += "\r\n";
+        else if (c != '\r')
+            result += c;
     }
     return result;
 }
@@ -38,7 +40,8 @@ void OrvaneOperation::reportNames(TextsOut names) {
     for (const Image& image : declared_.images) all.push_back(image.name);
     try {
         names.assign(all);
-    } catch (const cape_open_error&) {
+    }
+    catch (const cape_open_error&) {
         throw cape_open_error(invalidArgument);
     }
 }
@@ -55,21 +58,23 @@ std::vector<std::string> OrvaneOperation::reportLocales(const std::string& name,
     return {onlyLocale};
 }
 
-bool OrvaneOperation::checkReportSpec(const std::string& name, const std::string& type, const std::string& locale) {
+bool OrvaneOperation::checkReportSpec(const std::string& name, const std::string& type,
+                                      const std::string& locale) {
     ensureConfigured();
     const char* offered = reportText(name) ? textType : findImage(name) ? imageType : nullptr;
     return offered && equalIgnoringCase(offered, type) && equalIgnoringCase(onlyLocale, locale);
 }
 
-std::string OrvaneOperation::generateReport(const std::string& name, const std::string& type, const std::string& locale) {
+std::string OrvaneOperation::generateReport(const std::string& name, const std::string& type,
+                                            const std::string& locale) {
     ensureConfigured();
     const std::optional<std::string> text = reportText(name);
     if (!text || !equalIgnoringCase(type, textType) || !equalIgnoringCase(locale, onlyLocale)) failUnknown();
     return *text;
 }
 
-void OrvaneOperation::generateReportFile(const std::string& name, const std::string& type, const std::string& locale,
-                                         const std::string& fileName) {
+void OrvaneOperation::generateReportFile(const std::string& name, const std::string& type,
+                                         const std::string& locale, const std::string& fileName) {
     ensureConfigured();
     const Image* image = reportText(name) ? nullptr : findImage(name);
     if (!image) {
@@ -99,7 +104,8 @@ int OrvaneOperation::contextValue(const char* name, int usual) const {
     ValueObject value;
     try {
         call<&ICapeCOSEUtilities::Table::NamedValue>(contextValues_, StringObject(name).in(), value.out());
-    } catch (const cape_open_error&) {
+    }
+    catch (const cape_open_error&) {
         return usual;  // a host need not know the name
     }
     const ValueObject::Content content = value.content();
@@ -119,11 +125,14 @@ std::string OrvaneOperation::drawImage(const Image& image) {
     std::string bytes;
     try {
         bytes = readFile(file.path());
-    } catch (const StringException& error) {
+    }
+    catch (const StringException& error) {
         throw StringException() << "function '" << image.function << "' left no image file: " << error.what();
     }
-    if (bytes.empty()) throw StringException() << "function '" << image.function << "' wrote nothing to the image file";
-    if (!isPng(bytes)) throw StringException() << "function '" << image.function << "' wrote a file that is no PNG image";
+    if (bytes.empty())
+        throw StringException() << "function '" << image.function << "' wrote nothing to the image file";
+    if (!isPng(bytes))
+        throw StringException() << "function '" << image.function << "' wrote a file that is no PNG image";
     return bytes;
 }
 

@@ -125,7 +125,8 @@ void OrvaneOperation::restoreSavedValues() {
         }
         try {
             parameter->restore(found->second);
-        } catch (const std::exception& error) {
+        }
+        catch (const std::exception& error) {
             warn("Value for '" + name + "' was not restored: " + error.what());
         }
     }
@@ -142,11 +143,13 @@ std::optional<std::string> OrvaneOperation::findFault() {
     ensureConfigured();
     const auto find = [&]() -> std::optional<std::string> {
         if (!configureError_.empty()) return "Configure() failed: " + configureError_;
-        if (auto fault = checkConnections(ports_->items(), declared_.allowInconsistentCompounds)) return fault;
+        if (auto fault = checkConnections(ports_->items(), declared_.allowInconsistentCompounds))
+            return fault;
         for (const Ref<Parameter>& parameter : parameters_->items()) {
             if (!parameter->isInput()) continue;
             const Verdict verdict = parameter->validate();
-            if (!verdict.valid) return "Parameter '" + parameter->name() + "' is not valid: " + verdict.message;
+            if (!verdict.valid)
+                return "Parameter '" + parameter->name() + "' is not valid: " + verdict.message;
         }
         CallTexts texts = callScriptFunction(*this, script_, FunctionKind::validate, false);
         scriptOutput_ = std::move(texts.output);
@@ -190,7 +193,8 @@ bool OrvaneOperation::run() {
     try {
         runScript();
         if (scriptError_.empty()) finishPorts();
-    } catch (const std::exception& error) {
+    }
+    catch (const std::exception& error) {
         // The host gets the error itself; what was printed until then stays readable.
         scriptError_ = error.what();
         collectOutput();
@@ -230,8 +234,10 @@ void OrvaneOperation::collectOutput() {
 void OrvaneOperation::addPort(const PortDeclaration& port) {
     declaring_.checkPort(port.name, runState_ == RunState::configuring);
     if (port.type != PortTypeCode::material)
-        throw StringException() << "port '" << port.name << "': only material ports can be added in this version";
-    declaring_.ports.push_back(makeObject<MaterialPort>(static_cast<PortOwner&>(*this), port.name, port.isFeed, port.optional));
+        throw StringException() << "port '" << port.name
+                                << "': only material ports can be added in this version";
+    declaring_.ports.push_back(
+        makeObject<MaterialPort>(static_cast<PortOwner&>(*this), port.name, port.isFeed, port.optional));
 }
 
 void OrvaneOperation::addParameter(const ParameterDeclaration& parameter) {
@@ -259,9 +265,13 @@ bool OrvaneOperation::allowsInconsistentCompounds() const {
     return (runState_ == RunState::configuring ? declaring_ : declared_).allowInconsistentCompounds;
 }
 
-const std::vector<double>* OrvaneOperation::exponents(PyObject* dimension) const { return dimensionExponents(dimension); }
+const std::vector<double>* OrvaneOperation::exponents(PyObject* dimension) const {
+    return dimensionExponents(dimension);
+}
 
-PyRef OrvaneOperation::functionModule() const { return declared_.module ? declared_.module : script_.module(); }
+PyRef OrvaneOperation::functionModule() const {
+    return declared_.module ? declared_.module : script_.module();
+}
 
 void OrvaneOperation::fillPorts(PyObject* dictionary) {
     for (const Ref<Port>& port : ports_->items())
@@ -271,7 +281,8 @@ void OrvaneOperation::fillPorts(PyObject* dictionary) {
 
 void OrvaneOperation::fillParameters(PyObject* dictionary) {
     for (const Ref<Parameter>& parameter : parameters_->items())
-        check(PyDict_SetItem(dictionary, toPython(parameter->nameText()).get(), makeParameterObject(parameter).get()));
+        check(PyDict_SetItem(dictionary, toPython(parameter->nameText()).get(),
+                             makeParameterObject(parameter).get()));
 }
 
 void OrvaneOperation::setReports(std::vector<std::pair<std::string, std::string>> reports) {
@@ -285,7 +296,8 @@ void OrvaneOperation::writeBack(PyObject* ports, std::string& errors) {
         try {
             PyObject* object = PyDict_GetItemWithError(ports, toPython(port->name()).get());
             if (object) port->writeBack(object);
-        } catch (const std::exception& error) {
+        }
+        catch (const std::exception& error) {
             errors += "Error specifying outlet port \"" + port->name() + "\": " + error.what() + "\n";
         }
     }
@@ -303,7 +315,8 @@ void OrvaneOperation::releaseWrappers() noexcept {
 void OrvaneOperation::warn(const std::string& text) {
     if (scriptEngine().startupError().empty()) scriptEngine().outputText() += "Warning: " + text + "\n";
     if (diagnostic_)
-        call<&ICapeDiagnostic::Table::LogMessage>(diagnostic_, StringObject(name_ + " warning: " + text).in());
+        call<&ICapeDiagnostic::Table::LogMessage>(diagnostic_,
+                                                  StringObject(name_ + " warning: " + text).in());
 }
 
 }  // namespace orvane

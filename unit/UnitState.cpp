@@ -27,13 +27,16 @@ void writeValue(ICapePersistWriter* writer, const std::string& item, const Store
     std::visit(
         [&](const auto& value) {
             using Value = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<Value, double>) call<&Writer::AddReal>(writer, name.in(), value);
-            else if constexpr (std::is_same_v<Value, CapeInteger>) call<&Writer::AddInteger>(writer, name.in(), value);
+            if constexpr (std::is_same_v<Value, double>)
+                call<&Writer::AddReal>(writer, name.in(), value);
+            else if constexpr (std::is_same_v<Value, CapeInteger>)
+                call<&Writer::AddInteger>(writer, name.in(), value);
             else if constexpr (std::is_same_v<Value, std::string>)
                 call<&Writer::AddString>(writer, name.in(), StringObject(value).in());
             else if constexpr (std::is_same_v<Value, bool>)
                 call<&Writer::AddBoolean>(writer, name.in(), CapeBoolean{value ? 1u : 0u});
-            else call<&Writer::AddArrayReal>(writer, name.in(), RealView(value).in());
+            else
+                call<&Writer::AddArrayReal>(writer, name.in(), RealView(value).in());
         },
         stored);
 }
@@ -51,27 +54,27 @@ std::vector<std::string> readTextItems(ICapePersistReader* reader, const std::st
 StoredValue readValue(ICapePersistReader* reader, const std::string& item, CapeInteger typeCode) {
     const StringObject name(item);
     switch (static_cast<ParameterTypeCode>(typeCode)) {
-        case ParameterTypeCode::real: {
-            double value = 0;
-            call<&Reader::GetReal>(reader, name.in(), &value);
-            return value;
-        }
-        case ParameterTypeCode::integer: {
-            CapeInteger value = 0;
-            call<&Reader::GetInteger>(reader, name.in(), &value);
-            return value;
-        }
-        case ParameterTypeCode::string: return text<&Reader::GetString>(reader, name.in());
-        case ParameterTypeCode::boolean: {
-            CapeBoolean value = 0;
-            call<&Reader::GetBoolean>(reader, name.in(), &value);
-            return value != 0;
-        }
-        case ParameterTypeCode::arrayReal: {
-            RealArray value;
-            call<&Reader::GetArrayReal>(reader, name.in(), value.out());
-            return std::vector<double>(value.view().begin(), value.view().end());
-        }
+    case ParameterTypeCode::real: {
+        double value = 0;
+        call<&Reader::GetReal>(reader, name.in(), &value);
+        return value;
+    }
+    case ParameterTypeCode::integer: {
+        CapeInteger value = 0;
+        call<&Reader::GetInteger>(reader, name.in(), &value);
+        return value;
+    }
+    case ParameterTypeCode::string: return text<&Reader::GetString>(reader, name.in());
+    case ParameterTypeCode::boolean: {
+        CapeBoolean value = 0;
+        call<&Reader::GetBoolean>(reader, name.in(), &value);
+        return value != 0;
+    }
+    case ParameterTypeCode::arrayReal: {
+        RealArray value;
+        call<&Reader::GetArrayReal>(reader, name.in(), value.out());
+        return std::vector<double>(value.view().begin(), value.view().end());
+    }
     }
     throw StringException("unsupported data type");
 }
@@ -79,8 +82,8 @@ StoredValue readValue(ICapePersistReader* reader, const std::string& item, CapeI
 /// Two lists that belong together, item by item.
 void requireSameSize(const char* first, std::size_t firstSize, const char* second, std::size_t secondSize) {
     if (firstSize != secondSize)
-        throw StringException() << "the saved state is damaged: \"" << first << "\" holds " << firstSize << " items, \""
-                                << second << "\" " << secondSize;
+        throw StringException() << "the saved state is damaged: \"" << first << "\" holds " << firstSize
+                                << " items, \"" << second << "\" " << secondSize;
 }
 
 void readParameters(ICapePersistReader* reader, UnitState& state, std::vector<std::string>& warnings) {
@@ -94,7 +97,8 @@ void readParameters(ICapePersistReader* reader, UnitState& state, std::vector<st
             throw StringException("unsupported data type");
         try {
             state.parameters.push_back({names[i], readValue(reader, parameterItem(i), type)});
-        } catch (const cape_open_error& error) {
+        }
+        catch (const cape_open_error& error) {
             warnings.push_back("Cannot load value for '" + names[i] + "': " + error.what());
         }
     }
@@ -153,10 +157,14 @@ UnitState readState(ICapePersistReader* reader, std::vector<std::string>& warnin
     call<&Reader::getValueNames>(reader, items.out());
     std::vector<std::string> reportNames, reportTexts, imageNames, imageFunctions;
     for (const std::string& item : items.utf8()) {
-        if (item == "reportNames") reportNames = readTextItems(reader, item);
-        else if (item == "reportValues") reportTexts = readTextItems(reader, item);
-        else if (item == "imageNames") imageNames = readTextItems(reader, item);
-        else if (item == "imageFunctions") imageFunctions = readTextItems(reader, item);
+        if (item == "reportNames")
+            reportNames = readTextItems(reader, item);
+        else if (item == "reportValues")
+            reportTexts = readTextItems(reader, item);
+        else if (item == "imageNames")
+            imageNames = readTextItems(reader, item);
+        else if (item == "imageFunctions")
+            imageFunctions = readTextItems(reader, item);
         else if (item == "privateData") {
             ByteArray bytes;
             call<&Reader::GetArrayByte>(reader, StringObject(item).in(), bytes.out());
@@ -165,8 +173,10 @@ UnitState readState(ICapePersistReader* reader, std::vector<std::string>& warnin
     }
     requireSameSize("reportNames", reportNames.size(), "reportValues", reportTexts.size());
     requireSameSize("imageNames", imageNames.size(), "imageFunctions", imageFunctions.size());
-    for (std::size_t i = 0; i < reportNames.size(); ++i) state.reports.emplace_back(reportNames[i], reportTexts[i]);
-    for (std::size_t i = 0; i < imageNames.size(); ++i) state.images.push_back({imageNames[i], imageFunctions[i]});
+    for (std::size_t i = 0; i < reportNames.size(); ++i)
+        state.reports.emplace_back(reportNames[i], reportTexts[i]);
+    for (std::size_t i = 0; i < imageNames.size(); ++i)
+        state.images.push_back({imageNames[i], imageFunctions[i]});
     return state;
 }
 

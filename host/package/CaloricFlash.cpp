@@ -14,17 +14,22 @@ namespace orvane::package {
 namespace {
 
 constexpr double R = gasConstant;
-constexpr double lowestTemperature = 1;      // K
-constexpr double highestTemperature = 20000; // K
-constexpr double aimed = 1e-13;              // of the scale that tolerance() names
-constexpr double accepted = 1e-10;           // when rounding stops the solver before
+constexpr double lowestTemperature = 1;       // K
+constexpr double highestTemperature = 20000;  // K
+constexpr double aimed = 1e-13;               // of the scale that tolerance() names
+constexpr double accepted = 1e-10;            // when rounding stops the solver before
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
-} // namespace
+}  // namespace
 
 CaloricFlash::CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed,
                            CaloricQuantity quantity, double target)
-    : mixture_(mixture), pressure_(pressure), feed_(feed), quantity_(quantity), target_(target), n_(mixture.size) {}
+    : mixture_(mixture),
+      pressure_(pressure),
+      feed_(feed),
+      quantity_(quantity),
+      target_(target),
+      n_(mixture.size) {}
 
 void CaloricFlash::setTemperature(double temperature) {
     isotherm_.emplace(mixture_, temperature);
@@ -48,12 +53,14 @@ double CaloricFlash::difference(const CubicPhase& phase) const {
 double CaloricFlash::difference(const PhasePair& pair) const {
     const auto vapor = pair.vapor.departure(), liquid = pair.liquid.departure();
     if (quantity_ == CaloricQuantity::enthalpy)
-        return idealValue_ + pair.vaporAmount * vapor.enthalpy + pair.liquidAmount * liquid.enthalpy - target_;
+        return idealValue_ + pair.vaporAmount * vapor.enthalpy + pair.liquidAmount * liquid.enthalpy -
+               target_;
     double mixing = 0;
     for (std::size_t i = 0; i < n_; ++i)
-        mixing += pair.amounts.vapor[i] * std::log(pair.vaporComposition[i])
-                  + pair.amounts.liquid[i] * std::log(pair.liquidComposition[i]);
-    return idealValue_ - R * mixing + pair.vaporAmount * vapor.entropy + pair.liquidAmount * liquid.entropy - target_;
+        mixing += pair.amounts.vapor[i] * std::log(pair.vaporComposition[i]) +
+                  pair.amounts.liquid[i] * std::log(pair.liquidComposition[i]);
+    return idealValue_ - R * mixing + pair.vaporAmount * vapor.entropy + pair.liquidAmount * liquid.entropy -
+           target_;
 }
 
 double CaloricFlash::slope(const CubicPhase& phase) const {
@@ -69,8 +76,8 @@ double CaloricFlash::tolerance() const {
     return std::max(std::abs(target_), thermal);
 }
 
-// The temperature at which the feed, in the stable root of one phase, has the target; or at which that root changes
-// and the value jumps across the target.
+// The temperature at which the feed, in the stable root of one phase, has the target; or at which that root
+// changes and the value jumps across the target.
 double CaloricFlash::onePhaseTemperature() {
     double low = lowestTemperature, high = highestTemperature, T = 300;
     bool lowKnown = false, highKnown = false;
@@ -86,18 +93,20 @@ double CaloricFlash::onePhaseTemperature() {
         (f < 0 ? low : high) = T;
         (f < 0 ? lowKnown : highKnown) = true;
         double next = T - f / slope(phase);
-        if (!(next > low && next < high)) next = high / low < 1.1 ? 0.5 * (low + high) : std::sqrt(low * high);
+        if (!(next > low && next < high))
+            next = high / low < 1.1 ? 0.5 * (low + high) : std::sqrt(low * high);
         next = std::clamp(next, T / 1.6, T * 1.6);
         if (std::abs(next - T) <= epsilon * T || high - low <= narrow * high) {
             if (lowKnown && highKnown) return T;
-            if (n_ > 1) return 300; // two phases may reach what one does not; any temperature is a start then
+            if (n_ > 1)
+                return 300;  // two phases may reach what one does not; any temperature is a start then
             if (high - low <= narrow * high || std::abs(f) > accepted * tolerance())
-                throw PackageError(fmt::format("no temperature between {} K and {} K gives {} {} at P = {} Pa: at {} K "
-                                               "it differs by {}",
-                                               lowestTemperature, highestTemperature,
-                                               quantity_ == CaloricQuantity::enthalpy ? "the enthalpy [J/mol]"
-                                                                                      : "the entropy [J/mol/K]",
-                                               target_, pressure_, T, f));
+                throw PackageError(fmt::format(
+                    "no temperature between {} K and {} K gives {} {} at P = {} Pa: at {} K "
+                    "it differs by {}",
+                    lowestTemperature, highestTemperature,
+                    quantity_ == CaloricQuantity::enthalpy ? "the enthalpy [J/mol]" : "the entropy [J/mol/K]",
+                    target_, pressure_, T, f));
             return T;
         }
         T = next;
@@ -115,20 +124,20 @@ void CaloricFlash::pureCompound() {
     const double above = difference(pair_.vapor), below = difference(pair_.liquid);
     const double imbalance = pair_.vapor.lnPhi[0] - pair_.liquid.lnPhi[0];
     if (!(below < 0 && above > 0 && std::abs(imbalance) < 1e-9))
-        throw PackageError(fmt::format("no phases of the pure compound at P = {} Pa have the {} {}: at T = {} K the "
-                                       "liquid differs by {}, the vapour by {}, the logarithms of their fugacities by {}",
-                                       pressure_,
-                                       quantity_ == CaloricQuantity::enthalpy ? "enthalpy" : "entropy", target_,
-                                       isotherm_->temperature, below, above, imbalance));
+        throw PackageError(
+            fmt::format("no phases of the pure compound at P = {} Pa have the {} {}: at T = {} K the "
+                        "liquid differs by {}, the vapour by {}, the logarithms of their fugacities by {}",
+                        pressure_, quantity_ == CaloricQuantity::enthalpy ? "enthalpy" : "entropy", target_,
+                        isotherm_->temperature, below, above, imbalance));
     pair_.vaporAmount = pair_.amounts.vapor[0] = -below / (above - below);
     pair_.liquidAmount = pair_.amounts.liquid[0] = above / (above - below);
     pair_.vaporComposition[0] = pair_.liquidComposition[0] = 1;
     two_ = true;
 }
 
-// Newton's method on amounts and temperature together, from pair_ and the temperature at hand. False when it leaves
-// the region of two phases or does not converge. firstStep: the change of temperature by its first step, which from
-// phases in equilibrium is the step of Newton's method on the temperature alone.
+// Newton's method on amounts and temperature together, from pair_ and the temperature at hand. False when it
+// leaves the region of two phases or does not converge. firstStep: the change of temperature by its first
+// step, which from phases in equilibrium is the step of Newton's method on the temperature alone.
 bool CaloricFlash::solvePair(Root vaporRoot, Root liquidRoot, double& firstStep) {
     const auto rows = static_cast<Eigen::Index>(n_);
     SmallMatrix matrix(rows + 1, rows + 1);
@@ -156,22 +165,25 @@ bool CaloricFlash::solvePair(Root vaporRoot, Root liquidRoot, double& firstStep)
         const double unit = quantity_ == CaloricQuantity::enthalpy ? R * T : R;
         for (std::size_t k = 0; k < n_; ++k) {
             const auto i = static_cast<Eigen::Index>(k);
-            const double vaporization = -T * (vaporByT[k] - liquidByT[k]); // partial molar enthalpies' difference / R T
+            const double vaporization =
+                -T * (vaporByT[k] - liquidByT[k]);  // partial molar enthalpies' difference / R T
             matrix(i, rows) = -scale[k] * vaporization;
-            matrix(rows, i) = scale[k] * (quantity_ == CaloricQuantity::enthalpy ? vaporization
-                                                                                 : vaporization - pair_.imbalance[k]);
+            matrix(rows, i) =
+                scale[k] *
+                (quantity_ == CaloricQuantity::enthalpy ? vaporization : vaporization - pair_.imbalance[k]);
             step[i] = -scale[k] * pair_.imbalance[k];
         }
         double vaporCp, liquidCp, cv;
         pair_.vapor.heatCapacityDepartures(vaporCp, cv);
         pair_.liquid.heatCapacityDepartures(liquidCp, cv);
-        matrix(rows, rows) = (idealHeatCapacity_ + pair_.vaporAmount * vaporCp + pair_.liquidAmount * liquidCp) / R;
+        matrix(rows, rows) =
+            (idealHeatCapacity_ + pair_.vaporAmount * vaporCp + pair_.liquidAmount * liquidCp) / R;
         step[rows] = -f / unit;
         const Eigen::PartialPivLU<Eigen::Ref<SmallMatrix>> lu(matrix);
         const SmallVector solution = lu.solve(step);
         if (!solution.allFinite()) return false;
 
-        const double change = solution[rows]; // of ln T
+        const double change = solution[rows];  // of ln T
         if (count == 0) firstStep = T * change;
         step = solution;
         for (std::size_t k = 0; k < n_; ++k) step[static_cast<Eigen::Index>(k)] *= scale[k];
@@ -199,8 +211,8 @@ bool CaloricFlash::acceptPair() {
     return two_ = true;
 }
 
-// Phases at a temperature into `bound`. Returns the next temperature by Newton's method on one phase, or the same
-// temperature where there are two.
+// Phases at a temperature into `bound`. Returns the next temperature by Newton's method on one phase, or the
+// same temperature where there are two.
 double CaloricFlash::searchAt(double temperature, const double* lnK, Bound& bound) {
     setTemperature(temperature);
     search_.emplace(*isotherm_, pressure_, feed_);
@@ -215,6 +227,7 @@ double CaloricFlash::searchAt(double temperature, const double* lnK, Bound& boun
         return temperature - bound.difference / slope(search_->single());
     }
     pair_ = search_->pair();
+    bound.liquids = search_->liquidLiquid() || search_->thirdPhase();
     bound.vaporAmount = pair_.vaporAmount;
     for (std::size_t i = 0; i < n_; ++i) bound.lnK[i] = pair_.liquid.lnPhi[i] - pair_.vapor.lnPhi[i];
     bound.difference = difference(pair_);
@@ -234,12 +247,13 @@ bool CaloricFlash::bridge(const Bound& low, const Bound& high) {
         pair_.amounts.liquid[i] = feed_[i] * (1 - beta) / (1 - beta + beta * K);
     }
     setTemperature(low.temperature + share * (high.temperature - low.temperature));
-    // The feed itself may be the liquid below and the vapour above, without enough of any other compound to tell
-    // their compositions apart.
+    // The feed itself may be the liquid below and the vapour above, without enough of any other compound to
+    // tell their compositions apart.
     const bool alike = !low.two && !high.two;
     double firstStep = 0;
-    return solvePair(alike ? Root::vaporLike : Root::stable, alike ? Root::liquidLike : Root::stable, firstStep)
-           && acceptPair();
+    return solvePair(alike ? Root::vaporLike : Root::stable, alike ? Root::liquidLike : Root::stable,
+                     firstStep) &&
+           acceptPair();
 }
 
 void CaloricFlash::run() {
@@ -252,7 +266,7 @@ void CaloricFlash::run() {
     Bound low, high;
     low.temperature = lowestTemperature;
     high.temperature = highestTemperature;
-    double bridgeBelow = 1e-2; // width of the bracket, relative
+    double bridgeBelow = 1e-2;  // width of the bracket, relative
     double lastWidth = std::numeric_limits<double>::infinity();
     int slow = 0;
     constexpr int maxSteps = 150;
@@ -286,11 +300,13 @@ void CaloricFlash::run() {
         }
         T = next;
     }
-    throw PackageError(fmt::format("no equilibrium at P = {} Pa has the {} {}: it differs by {} at T = {:.12g} K and by {} "
-                                   "at T = {:.12g} K",
-                                   pressure_,
-                                   quantity_ == CaloricQuantity::enthalpy ? "enthalpy [J/mol]" : "entropy [J/mol/K]",
-                                   target_, low.difference, low.temperature, high.difference, high.temperature));
+    throw PackageError(fmt::format(
+        "no equilibrium at P = {} Pa has the {} {}: it differs by {} at T = {:.12g} K and by {} at T = "
+        "{:.12g} K{}",
+        pressure_, quantity_ == CaloricQuantity::enthalpy ? "enthalpy [J/mol]" : "entropy [J/mol/K]", target_,
+        low.difference, low.temperature, high.difference, high.temperature,
+        low.liquids || high.liquids ? ", where a second liquid forms, which the package cannot express"
+                                    : ""));
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

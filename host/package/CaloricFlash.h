@@ -12,17 +12,18 @@ namespace orvane::package {
 enum class CaloricQuantity { enthalpy, entropy };
 
 /// Phases of one mole of feed of n compounds, all fractions above zero, at a pressure and a molar enthalpy or
-/// entropy. First the temperature at which the feed in one phase would have it; if that is not the answer, Newton's
-/// method on the amounts and the temperature together, which is at home where the temperature hardly moves while
-/// the feed boils; and around both a bracket of temperatures that shrinks until one of them ends in the answer.
+/// entropy. First the temperature at which the feed in one phase would have it; if that is not the answer,
+/// Newton's method on the amounts and the temperature together, which is at home where the temperature hardly
+/// moves while the feed boils; and around both a bracket of temperatures that shrinks until one of them ends
+/// in the answer.
 class CaloricFlash {
 public:
     /// mixture and feed live longer than this. target: J/mol or J/mol/K, zero points as in IdealGas.
-    CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed, CaloricQuantity quantity,
-                 double target);
+    CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed,
+                 CaloricQuantity quantity, double target);
 
-    /// Throws PackageError when no temperature between 1 K and 20000 K gives the target, or the solver does not
-    /// converge: with the temperatures and values nearest to it.
+    /// Throws PackageError when no temperature between 1 K and 20000 K gives the target, or the solver does
+    /// not converge: with the temperatures and values nearest to it.
     void run();
 
     double temperature() const { return isotherm_->temperature; }
@@ -37,11 +38,12 @@ private:
     struct Bound {
         double temperature = 0;
         bool known = false;
-        double difference = 0; ///< value less target
+        double difference = 0;  ///< value less target
         bool two = false;
+        bool liquids = false;  ///< two of them, one refused or left out
         double vaporAmount = 0;
-        CompoundArray lnK;   ///< of two phases
-        CompoundArray lnPhi; ///< of one phase
+        CompoundArray lnK;    ///< of two phases
+        CompoundArray lnPhi;  ///< of one phase
     };
 
     void setTemperature(double temperature);
@@ -62,8 +64,8 @@ private:
     CaloricQuantity quantity_;
     double target_;
     std::size_t n_;
-    std::optional<Isotherm> isotherm_; // at the temperature at hand, with the ideal gas feed at it:
-    double idealValue_ = 0;            // enthalpy, or entropy without that of mixing
+    std::optional<Isotherm> isotherm_;  // at the temperature at hand, with the ideal gas feed at it:
+    double idealValue_ = 0;             // enthalpy, or entropy without that of mixing
     double idealHeatCapacity_ = 0;
     std::optional<PhaseSearch> search_;
     PhasePair pair_;
@@ -71,4 +73,4 @@ private:
     int evaluations_ = 0;
 };
 
-} // namespace orvane::package
+}  // namespace orvane::package

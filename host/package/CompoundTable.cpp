@@ -13,7 +13,8 @@
 namespace orvane::package {
 namespace {
 
-// The table's ids, names, formulas and CAS numbers are ASCII, so other letters cannot match and stay as they are.
+// The table's ids, names, formulas and CAS numbers are ASCII, so other letters cannot match and stay as they
+// are.
 std::string lower(std::string_view text) {
     std::string result(text);
     for (char& c : result)
@@ -38,7 +39,7 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     return above[b.size()];
 }
 
-} // namespace
+}  // namespace
 
 const CompoundTable& CompoundTable::instance() {
     static const CompoundTable table;
@@ -71,18 +72,21 @@ const Compound& CompoundTable::at(std::string_view text) const {
     std::vector<std::string_view> ids;
     for (const auto* compound : withFormula(lower(text))) ids.push_back(compound->id);
     if (!ids.empty())
-        throw PackageError(fmt::format("the formula '{}' is that of several compounds: {}", text, fmt::join(ids, ", ")));
+        throw PackageError(
+            fmt::format("the formula '{}' is that of several compounds: {}", text, fmt::join(ids, ", ")));
     const auto near = nearest(text);
-    throw PackageError(fmt::format("unknown compound '{}'{}{}", text, near.empty() ? "" : "; nearest: ",
-                                   fmt::join(near, ", ")));
+    throw PackageError(fmt::format("unknown compound '{}'{}{}", text,
+                                   near.empty() ? "" : "; nearest: ", fmt::join(near, ", ")));
 }
 
 std::vector<std::string> CompoundTable::nearest(std::string_view text, std::size_t count) const {
     const auto wanted = lower(text);
     std::vector<std::pair<std::size_t, const Compound*>> ranked;
     for (const auto& compound : compounds_) {
-        const auto distance = std::min(editDistance(wanted, compound.id), editDistance(wanted, lower(compound.name)));
-        if (2 * distance <= std::max(wanted.size(), compound.id.size())) ranked.emplace_back(distance, &compound);
+        const auto distance =
+            std::min(editDistance(wanted, compound.id), editDistance(wanted, lower(compound.name)));
+        if (2 * distance <= std::max(wanted.size(), compound.id.size()))
+            ranked.emplace_back(distance, &compound);
     }
     std::ranges::stable_sort(ranked, {}, [](const auto& entry) { return entry.first; });
     std::vector<std::string> ids;
@@ -101,4 +105,4 @@ double CompoundTable::interaction(std::string_view first, std::string_view secon
     return found == interactions_.end() ? 0 : found->second;
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

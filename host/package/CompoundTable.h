@@ -22,19 +22,20 @@ public:
     /// In the order of the table: gases and inorganic compounds first, then by family.
     const std::vector<Compound>& compounds() const { return compounds_; }
 
-    /// The compound with this id, name, CAS number or formula, letter case aside, in this order of preference.
-    /// Null when there is none, or when only a formula matches and isomers share it.
+    /// The compound with this id, name, CAS number or formula, letter case aside, in this order of
+    /// preference. Null when there is none, or when only a formula matches and isomers share it.
     const Compound* find(std::string_view text) const;
 
-    /// As find, but throws PackageError instead of null: unknown, with the nearest names, or ambiguous, with the
-    /// ids of the isomers.
+    /// As find, but throws PackageError instead of null: unknown, with the nearest names, or ambiguous, with
+    /// the ids of the isomers.
     const Compound& at(std::string_view text) const;
 
-    /// The ids of up to `count` compounds whose id or name is nearest to text by edit distance, nearest first.
-    /// Those that differ in more than half of the letters are left out.
+    /// The ids of up to `count` compounds whose id or name is nearest to text by edit distance, nearest
+    /// first. Those that differ in more than half of the letters are left out.
     std::vector<std::string> nearest(std::string_view text, std::size_t count = 3) const;
 
-    /// Interaction parameter kij of two compounds by id, in either order; 0 for a pair that is not in the table.
+    /// Interaction parameter kij of two compounds by id, in either order; 0 for a pair that is not in the
+    /// table.
     double interaction(std::string_view first, std::string_view second) const;
 
     /// Whether the table has a value for the pair, so that 0 can be told from "not known".
@@ -46,7 +47,7 @@ private:
     std::vector<const Compound*> withFormula(std::string_view text) const;
 
     std::vector<Compound> compounds_;
-    std::map<std::pair<std::string, std::string>, double, std::less<>> interactions_; // first < second
+    std::map<std::pair<std::string, std::string>, double, std::less<>> interactions_;  // first < second
 };
 
-} // namespace orvane::package
+}  // namespace orvane::package

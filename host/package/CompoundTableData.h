@@ -12,4 +12,4 @@ namespace orvane::package {
 std::vector<Compound> compoundRows();
 std::vector<Interaction> interactionRows();
 
-} // namespace orvane::package
+}  // namespace orvane::package

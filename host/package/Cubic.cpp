@@ -12,7 +12,7 @@ namespace orvane::package {
 namespace {
 
 struct Polynomial {
-    double c2, c1, c0; // u^3 + c2 u^2 + c1 u + c0
+    double c2, c1, c0;  // u^3 + c2 u^2 + c1 u + c0
 
     double operator()(double u) const { return ((u + c2) * u + c1) * u + c0; }
 
@@ -26,24 +26,26 @@ struct Polynomial {
             (value < 0 ? low : high) = u;
             if (high - low <= epsilon * high) return u;
             const double slope = (3 * u + 2 * c2) * u + c1;
-            const double bend = 3 * u + c2; // half of the second derivative
+            const double bend = 3 * u + c2;  // half of the second derivative
             double next = u - value * slope / (slope * slope - value * bend);
             if (std::abs(next - u) <= 0.5 * epsilon * u) return u;
             if (!(next > low && next < high)) next = 0.5 * (low + high);
             u = next;
         }
-        throw PackageError(fmt::format("no root of the equation of state's cubic after 200 steps: between {:.17g} and "
-                                       "{:.17g}, coefficients {:.17g}, {:.17g}, {:.17g}",
-                                       low, high, c2, c1, c0));
+        throw PackageError(
+            fmt::format("no root of the equation of state's cubic after 200 steps: between {:.17g} and "
+                        "{:.17g}, coefficients {:.17g}, {:.17g}, {:.17g}",
+                        low, high, c2, c1, c0));
     }
 };
 
-} // namespace
+}  // namespace
 
 CubicRoots::CubicRoots(double A, double B) {
     // 1 = 1 / u - A / (Z^2 + 2 B Z - B^2) with Z = u + B, cleared of its denominators.
     const Polynomial f{4 * B - 1, 2 * B * B - 4 * B + A, -2 * B * B};
-    if (!std::isfinite(f.c1)) throw PackageError(fmt::format("the equation of state overflows: A = {}, B = {}", A, B));
+    if (!std::isfinite(f.c1))
+        throw PackageError(fmt::format("the equation of state overflows: A = {}, B = {}", A, B));
 
     // Attraction can only lower u below that of hard spheres, 1, where f(1) = A >= 0.
     const double inflection = -f.c2 / 3;
@@ -63,4 +65,4 @@ CubicRoots::CubicRoots(double A, double B) {
     smallest = largest = f.root(0, 1, fromAbove ? 1 : 0);
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

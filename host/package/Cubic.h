@@ -8,7 +8,7 @@ namespace orvane::package {
 /// covolume. In u every physical root is positive and the small roots of a cold liquid keep their digits.
 struct CubicRoots {
     double smallest = 0;
-    double largest = 0; ///< the same as smallest where there is one root
+    double largest = 0;  ///< the same as smallest where there is one root
     bool three = false;
 
     /// A = a P / (R T)^2, not negative; B = b P / (R T), positive. Both roots are exact to rounding: a closed
@@ -17,4 +17,4 @@ struct CubicRoots {
     CubicRoots(double A, double B);
 };
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -13,10 +13,11 @@ namespace orvane::package {
 namespace {
 
 constexpr double R = gasConstant;
-constexpr double delta1 = 1 + std::numbers::sqrt2; // the cubic's attractive term is a / ((V + d1 B)(V + d2 B))
+constexpr double delta1 =
+    1 + std::numbers::sqrt2;  // the cubic's attractive term is a / ((V + d1 B)(V + d2 B))
 constexpr double delta2 = 1 - std::numbers::sqrt2;
 
-} // namespace
+}  // namespace
 
 Isotherm::Isotherm(const MixtureParameters& parameters, double T) : mixture(parameters), temperature(T) {
     const double rootT = std::sqrt(T);
@@ -57,12 +58,13 @@ void CubicPhase::solve(const Isotherm& isotherm, double pressure, const double* 
     const double A = a * pressure / (RT * RT), B = b * pressure / RT;
     // Large positive kij can make a negative in principle; the bracket of the roots rests on A >= 0.
     if (!(A >= 0))
-        throw PackageError(fmt::format("the mixture's attraction is negative at T = {} K: check the interaction "
-                                       "parameters",
-                                       T));
+        throw PackageError(
+            fmt::format("the mixture's attraction is negative at T = {} K: check the interaction "
+                        "parameters",
+                        T));
     const CubicRoots roots(A, B);
     threeRoots = roots.three;
-    const auto logarithm = [B](double u) { // f(V, B) times R b
+    const auto logarithm = [B](double u) {  // f(V, B) times R b
         return std::log1p((delta1 - delta2) * B / (u + (1 + delta2) * B)) / (delta1 - delta2);
     };
     double u = roots.smallest;
@@ -89,9 +91,11 @@ void CubicPhase::solve(const Isotherm& isotherm, double pressure, const double* 
     const double perCovolume = (Z - 1 + a * f_ / T) / b;
     const double perAttraction = 2 * f_ / T;
     for (std::size_t i = 0; i < n; ++i)
-        lnPhi[i] = mixture.covolume[i] * perCovolume - lnU - perAttraction * isotherm.rootA[i] * attraction_[i];
+        lnPhi[i] =
+            mixture.covolume[i] * perCovolume - lnU - perAttraction * isotherm.rootA[i] * attraction_[i];
     if (!std::isfinite(lnU) || !std::isfinite(perCovolume))
-        throw PackageError(fmt::format("the equation of state overflows at T = {} K, P = {} Pa", T, pressure));
+        throw PackageError(
+            fmt::format("the equation of state overflows at T = {} K, P = {} Pa", T, pressure));
 }
 
 // F_X of the class's formula for one mole; D stands for a n^2.
@@ -117,7 +121,8 @@ struct AttractionByTemperature {
     CompoundArray slopes;
     double aT = 0, aTT = 0;
 
-    AttractionByTemperature(const Isotherm& isotherm, const CompoundArray& x, const CompoundArray& attraction) {
+    AttractionByTemperature(const Isotherm& isotherm, const CompoundArray& x,
+                            const CompoundArray& attraction) {
         const auto& mixture = isotherm.mixture;
         const std::size_t n = mixture.size;
         CompoundArray weighted;
@@ -133,7 +138,7 @@ struct AttractionByTemperature {
     }
 };
 
-} // namespace
+}  // namespace
 
 double CubicPhase::pressureByVolume() const {
     const VolumeDerivatives d(*this);
@@ -141,17 +146,12 @@ double CubicPhase::pressureByVolume() const {
     return -R * T / (free_ * free_) + R * a * d.fVV;
 }
 
-double CubicPhase::pressureByTemperature() const {
-    const VolumeDerivatives d(*this);
-    const AttractionByTemperature t(*isotherm_, x_, attraction_);
-    return R / free_ + R * t.aT * d.fV;
-}
-
 Departure CubicPhase::departure() const {
     const double T = isotherm_->temperature;
     const AttractionByTemperature t(*isotherm_, x_, attraction_);
-    const double residualEntropy = R * (std::log(free_ / volume) + t.aT * f_); // at the same T and V
-    return {.enthalpy = R * f_ * (T * t.aT - a) + R * T * (Z - 1), .entropy = residualEntropy + R * std::log(Z)};
+    const double residualEntropy = R * (std::log(free_ / volume) + t.aT * f_);  // at the same T and V
+    return {.enthalpy = R * f_ * (T * t.aT - a) + R * T * (Z - 1),
+            .entropy = residualEntropy + R * std::log(Z)};
 }
 
 void CubicPhase::heatCapacityDepartures(double& cp, double& cv) const {
@@ -218,9 +218,9 @@ void CubicPhase::lnPhiByAmount(double* out, std::size_t stride) const {
         const double perA = 2 * FD * isotherm_->rootA[i];
         const double perP = perPressure * pN[i];
         for (std::size_t j = 0; j < n; ++j)
-            out[i * stride + j] = constant + perB * mixture.covolume[j] + perD * D[j]
-                                  + perA * isotherm_->rootA[j] * row[j] + perP * pN[j];
+            out[i * stride + j] = constant + perB * mixture.covolume[j] + perD * D[j] +
+                                  perA * isotherm_->rootA[j] * row[j] + perP * pN[j];
     }
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

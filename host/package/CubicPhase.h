@@ -11,7 +11,7 @@ namespace orvane::package {
 
 /// The parameters of a mixture at one temperature, shared by all phases at it.
 struct Isotherm {
-    const MixtureParameters& mixture; ///< lives longer than this
+    const MixtureParameters& mixture;  ///< lives longer than this
     double temperature;
     CompoundArray rootA;     ///< square root of a
     CompoundArray rootAByT;  ///< its first and second derivative by temperature
@@ -20,8 +20,9 @@ struct Isotherm {
     Isotherm(const MixtureParameters& mixture, double temperature);
 };
 
-/// One phase: a root of the cubic with its fugacity coefficients, from which derivatives and departures follow
-/// through the residual Helmholtz energy F = -n ln(1 - B / V) - D / T f(V, B), where B = n b, D = n^2 a.
+/// One phase: a root of the cubic with its fugacity coefficients, from which derivatives and departures
+/// follow through the residual Helmholtz energy F = -n ln(1 - B / V) - D / T f(V, B), where B = n b, D = n^2
+/// a.
 /// Derivation: M. L. Michelsen, J. M. Mollerup, Thermodynamic Models: Fundamentals & Computational Aspects,
 /// 2nd ed., Tie-Line (2007), chapters 2 and 3. The isotherm must live longer than this.
 class CubicPhase {
@@ -31,12 +32,12 @@ public:
     /// Solves for the root. x: mole fractions, one per compound, sum 1.
     void solve(const Isotherm& isotherm, double pressure, const double* x, Root root);
 
-    double Z = 0;           ///< compressibility factor
-    double volume = 0;      ///< m3/mol
-    double a = 0;           ///< J m3/mol2, of the mixture
-    double b = 0;           ///< m3/mol, of the mixture
+    double Z = 0;       ///< compressibility factor
+    double volume = 0;  ///< m3/mol
+    double a = 0;       ///< J m3/mol2, of the mixture
+    double b = 0;       ///< m3/mol, of the mixture
     bool threeRoots = false;
-    bool largestRoot = false; ///< where there are three: whether this is the largest
+    bool largestRoot = false;  ///< where there are three: whether this is the largest
     CompoundArray lnPhi;
 
     /// Volume relative to the covolume; 3.951 at the critical point of a pure compound.
@@ -47,21 +48,21 @@ public:
     void heatCapacityDepartures(double& cp, double& cv) const;
     double pressureByVolume() const;
 
-    void lnPhiByTemperature(double* out) const; ///< 1/K
-    void lnPhiByPressure(double* out) const;    ///< 1/Pa
-    /// d lnPhi_i / d n_j in one mole [1/mol], row i column j at out[i * stride + j]; symmetric, both halves set.
+    void lnPhiByTemperature(double* out) const;  ///< 1/K
+    void lnPhiByPressure(double* out) const;     ///< 1/Pa
+    /// d lnPhi_i / d n_j in one mole [1/mol], row i column j at out[i * stride + j]; symmetric, both halves
+    /// set.
     void lnPhiByAmount(double* out, std::size_t stride) const;
 
 private:
-    struct VolumeDerivatives; // of F and its parts
-    double pressureByTemperature() const;
+    struct VolumeDerivatives;  // of F and its parts
 
     const Isotherm* isotherm_ = nullptr;
     double pressure_ = 0;
-    double free_ = 0; // V - B [m3/mol], which a dense phase would lose by subtraction
-    double f_ = 0;    // f(V, B) of the class's formula
+    double free_ = 0;  // V - B [m3/mol], which a dense phase would lose by subtraction
+    double f_ = 0;     // f(V, B) of the class's formula
     CompoundArray x_;
-    CompoundArray attraction_; // sum over j of (1 - kij) sqrt(a_j) x_j
+    CompoundArray attraction_;  // sum over j of (1 - kij) sqrt(a_j) x_j
 };
 
-} // namespace orvane::package
+}  // namespace orvane::package

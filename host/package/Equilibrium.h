@@ -20,17 +20,17 @@ Root root(PhaseKind kind);
 
 struct PhaseResult {
     PhaseKind kind;
-    double fraction = 0;             ///< moles of the phase per mole of feed; 0 for an incipient phase
-    std::vector<double> composition; ///< mole fractions
+    double fraction = 0;              ///< moles of the phase per mole of feed; 0 for an incipient phase
+    std::vector<double> composition;  ///< mole fractions
 };
 
 /// One mole of feed in equilibrium.
 struct Equilibrium {
-    double temperature = 0;          ///< K
-    double pressure = 0;             ///< Pa
-    std::vector<PhaseResult> phases; ///< one or two, the vapour first
-    double vaporFraction = 0;        ///< moles of vapour per mole of feed, 0 to 1
-    int iterations = 0;              ///< evaluations of the equation of state for a pair of phases, all solvers
+    double temperature = 0;           ///< K
+    double pressure = 0;              ///< Pa
+    std::vector<PhaseResult> phases;  ///< one or two, the vapour first
+    double vaporFraction = 0;         ///< moles of vapour per mole of feed, 0 to 1
+    int iterations = 0;  ///< evaluations of the equation of state for a pair of phases, all solvers
     /// What the user should know of the answer; see Flash on second liquids.
     std::vector<std::string> warnings;
 };
@@ -40,4 +40,4 @@ double enthalpy(const PengRobinson& equation, const Equilibrium& equilibrium);
 double entropy(const PengRobinson& equation, const Equilibrium& equilibrium);
 double volume(const PengRobinson& equation, const Equilibrium& equilibrium);
 
-} // namespace orvane::package
+}  // namespace orvane::package

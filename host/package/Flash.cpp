@@ -73,20 +73,21 @@ public:
                 .warnings = {}};
     }
 
-    /// Refuses two liquids without a vapour; warns of a liquid left out.
+    /// Refuses two liquids; warns of a liquid left out beside a vapour.
     void noteLiquids(const PhaseSearch& search, Equilibrium& equilibrium) const {
+        const auto& third = search.thirdPhase();
+        const auto& pair = search.pair();
         if (search.liquidLiquid())
             throw LiquidLiquidSplit(fmt::format(
-                "two liquids and no vapour at T = {} K, P = {} Pa, which a package of one liquid cannot express: {:.4g} "
-                "of the feed as {}; {:.4g} as {}",
-                equilibrium.temperature, equilibrium.pressure, search.pair().vaporAmount,
-                describe(search.pair().vaporComposition), search.pair().liquidAmount,
-                describe(search.pair().liquidComposition)));
-        if (search.secondLiquid())
+                "two liquids and {} at T = {} K, P = {} Pa, which a package of one liquid cannot express: "
+                "{:.4g} of the feed as {}; {:.4g} as {}",
+                third ? "a trace of vapour" : "no vapour", equilibrium.temperature, equilibrium.pressure,
+                pair.vaporAmount, describe(pair.vaporComposition), pair.liquidAmount,
+                describe(pair.liquidComposition)));
+        if (third)
             equilibrium.warnings.push_back(
                 fmt::format("at T = {} K, P = {} Pa a second liquid would form ({}), which is left out",
-                            equilibrium.temperature, equilibrium.pressure,
-                            describe(search.secondLiquid()->composition)));
+                            equilibrium.temperature, equilibrium.pressure, describe(*third)));
     }
 
 private:
@@ -103,22 +104,25 @@ Equilibrium caloric(const PengRobinson& equation, double pressure, CaloricQuanti
     equation.checkPressure(pressure);
     if (!std::isfinite(target))
         throw PackageError(fmt::format("the {} must be a number, not {}",
-                                       quantity == CaloricQuantity::enthalpy ? "enthalpy" : "entropy", target));
+                                       quantity == CaloricQuantity::enthalpy ? "enthalpy" : "entropy",
+                                       target));
     const Present present(equation, feed);
     CaloricFlash flash(present.mixture(), pressure, present.feed(), quantity, target);
     flash.run();
-    auto result = flash.twoPhases() ? present.twoPhases(flash.temperature(), pressure, flash.pair())
-                                    : present.onePhase(flash.temperature(), pressure, flash.phases().singleKind());
+    auto result = flash.twoPhases()
+                      ? present.twoPhases(flash.temperature(), pressure, flash.pair())
+                      : present.onePhase(flash.temperature(), pressure, flash.phases().singleKind());
     result.iterations = flash.evaluations();
     if (flash.twoPhases()) present.noteLiquids(flash.phases(), result);
     return result;
 }
 
-} // namespace
+}  // namespace
 
 Flash::Flash(PengRobinson equation) : equation_(std::move(equation)) {}
 
-Equilibrium Flash::temperaturePressure(double temperature, double pressure, std::span<const double> feed) const {
+Equilibrium Flash::temperaturePressure(double temperature, double pressure,
+                                       std::span<const double> feed) const {
     equation_.checkTemperature(temperature);
     equation_.checkPressure(pressure);
     const Present present(equation_, feed);
@@ -140,4 +144,4 @@ Equilibrium Flash::pressureEntropy(double pressure, double entropy, std::span<co
     return caloric(equation_, pressure, CaloricQuantity::entropy, entropy, feed);
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -9,7 +9,8 @@ namespace orvane::package {
 IdealGas::IdealGas(const std::array<double, 5>& c, double T) {
     constexpr double T0 = referenceTemperature;
     constexpr double R = gasConstant;
-    // Divided differences, since the powers' own differences lose their digits near the reference temperature.
+    // Divided differences, since the powers' own differences lose their digits near the reference
+    // temperature.
     const double d = T - T0;
     const double s1 = T + T0, s2 = T * T + T * T0 + T0 * T0, s3 = s1 * (T * T + T0 * T0);
     const double s4 = ((T + T0) * T + T0 * T0) * T * T + (T + T0) * T0 * T0 * T0;
@@ -21,12 +22,14 @@ IdealGas::IdealGas(const std::array<double, 5>& c, double T) {
 std::vector<std::string> heatCapacityWarnings(std::span<const Compound> compounds, double temperature) {
     std::vector<std::string> warnings;
     for (const auto& compound : compounds) {
-        const double low = compound.heatCapacityMinimumTemperature, high = compound.heatCapacityMaximumTemperature;
+        const double low = compound.heatCapacityMinimumTemperature,
+                     high = compound.heatCapacityMaximumTemperature;
         if (temperature < low || temperature > high)
-            warnings.push_back(fmt::format("heat capacity of {} used outside its range {} to {} K at T = {} K",
-                                           compound.id, low, high, temperature));
+            warnings.push_back(
+                fmt::format("heat capacity of {} used outside its range {} to {} K at T = {} K", compound.id,
+                            low, high, temperature));
     }
     return warnings;
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -22,4 +22,4 @@ MixtureParameters MixtureParameters::subset(std::span<const std::size_t> indices
     return part;
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -7,8 +7,8 @@
 
 namespace orvane::package {
 
-/// Something that the property package was asked for and cannot give. The message names what was asked for, at
-/// which conditions, and for a solver how near it came after how many steps.
+/// Something that the property package was asked for and cannot give. The message names what was asked for,
+/// at which conditions, and for a solver how near it came after how many steps.
 class PackageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -21,4 +21,4 @@ public:
     using PackageError::PackageError;
 };
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -26,11 +26,12 @@ void requirePositive(const Compound& compound, double value, const char* constan
 std::size_t indexOf(const std::vector<Compound>& compounds, const std::string& id) {
     const auto found = std::ranges::find(compounds, id, &Compound::id);
     if (found == compounds.end())
-        throw PackageError(fmt::format("an interaction parameter is given for '{}', which is not in the mixture", id));
+        throw PackageError(
+            fmt::format("an interaction parameter is given for '{}', which is not in the mixture", id));
     return static_cast<std::size_t>(found - compounds.begin());
 }
 
-} // namespace
+}  // namespace
 
 PengRobinson::PengRobinson(std::vector<Compound> compounds, const std::vector<Interaction>& overrides)
     : compounds_(std::move(compounds)) {
@@ -46,7 +47,8 @@ PengRobinson::PengRobinson(std::vector<Compound> compounds, const std::vector<In
         requirePositive(compound, compound.criticalPressure, "critical pressure");
         requirePositive(compound, compound.molecularWeight, "molecular weight");
         if (!std::isfinite(compound.acentricFactor))
-            throw PackageError(fmt::format("the equation of state needs the acentric factor of {}", compound.id));
+            throw PackageError(
+                fmt::format("the equation of state needs the acentric factor of {}", compound.id));
         for (std::size_t j = 0; j < i; ++j)
             if (compounds_[j].id == compound.id)
                 throw PackageError(fmt::format("the compound {} is in the mixture twice", compound.id));
@@ -67,9 +69,11 @@ PengRobinson::PengRobinson(std::vector<Compound> compounds, const std::vector<In
     }
     for (const auto& [first, second, kij] : overrides) {
         const std::size_t i = indexOf(compounds_, first), j = indexOf(compounds_, second);
-        if (i == j) throw PackageError(fmt::format("an interaction parameter of {} with itself is given", first));
+        if (i == j)
+            throw PackageError(fmt::format("an interaction parameter of {} with itself is given", first));
         if (!std::isfinite(kij))
-            throw PackageError(fmt::format("the interaction parameter of {} and {} is {}", first, second, kij));
+            throw PackageError(
+                fmt::format("the interaction parameter of {} and {} is {}", first, second, kij));
         p.oneMinusInteraction[i * n + j] = p.oneMinusInteraction[j * n + i] = 1 - kij;
     }
 }
@@ -87,7 +91,8 @@ void PengRobinson::checkComposition(std::span<const double> x) const {
             throw PackageError(fmt::format("the mole fraction of {} is {}", compounds_[i].id, x[i]));
         sum += x[i];
     }
-    if (!(std::abs(sum - 1) <= 1e-9)) throw PackageError(fmt::format("the mole fractions sum to {}, not to 1", sum));
+    if (!(std::abs(sum - 1) <= 1e-9))
+        throw PackageError(fmt::format("the mole fractions sum to {}, not to 1", sum));
 }
 
 void PengRobinson::checkTemperature(double temperature) const {
@@ -104,7 +109,8 @@ namespace {
 
 // Checks the state, solves for the root and lets `use` read what it wants of the phase.
 template <class Use>
-auto withPhase(const PengRobinson& equation, double T, double P, std::span<const double> x, Root root, Use use) {
+auto withPhase(const PengRobinson& equation, double T, double P, std::span<const double> x, Root root,
+               Use use) {
     equation.checkTemperature(T);
     equation.checkPressure(P);
     equation.checkComposition(x);
@@ -114,7 +120,7 @@ auto withPhase(const PengRobinson& equation, double T, double P, std::span<const
     return use(phase);
 }
 
-} // namespace
+}  // namespace
 
 double PengRobinson::compressibilityFactor(double T, double P, std::span<const double> x, Root root) const {
     return withPhase(*this, T, P, x, root, [](const CubicPhase& phase) { return phase.Z; });
@@ -126,11 +132,13 @@ double PengRobinson::volume(double T, double P, std::span<const double> x, Root 
 
 std::vector<double> PengRobinson::lnPhi(double T, double P, std::span<const double> x, Root root) const {
     return withPhase(*this, T, P, x, root, [this](const CubicPhase& phase) {
-        return std::vector<double>(phase.lnPhi.begin(), phase.lnPhi.begin() + static_cast<std::ptrdiff_t>(size()));
+        return std::vector<double>(phase.lnPhi.begin(),
+                                   phase.lnPhi.begin() + static_cast<std::ptrdiff_t>(size()));
     });
 }
 
-std::vector<double> PengRobinson::lnPhiByTemperature(double T, double P, std::span<const double> x, Root root) const {
+std::vector<double> PengRobinson::lnPhiByTemperature(double T, double P, std::span<const double> x,
+                                                     Root root) const {
     return withPhase(*this, T, P, x, root, [this](const CubicPhase& phase) {
         std::vector<double> result(size());
         phase.lnPhiByTemperature(result.data());
@@ -138,7 +146,8 @@ std::vector<double> PengRobinson::lnPhiByTemperature(double T, double P, std::sp
     });
 }
 
-std::vector<double> PengRobinson::lnPhiByPressure(double T, double P, std::span<const double> x, Root root) const {
+std::vector<double> PengRobinson::lnPhiByPressure(double T, double P, std::span<const double> x,
+                                                  Root root) const {
     return withPhase(*this, T, P, x, root, [this](const CubicPhase& phase) {
         std::vector<double> result(size());
         phase.lnPhiByPressure(result.data());
@@ -146,7 +155,8 @@ std::vector<double> PengRobinson::lnPhiByPressure(double T, double P, std::span<
     });
 }
 
-std::vector<double> PengRobinson::lnPhiByAmount(double T, double P, std::span<const double> x, Root root) const {
+std::vector<double> PengRobinson::lnPhiByAmount(double T, double P, std::span<const double> x,
+                                                Root root) const {
     return withPhase(*this, T, P, x, root, [this](const CubicPhase& phase) {
         std::vector<double> result(size() * size());
         phase.lnPhiByAmount(result.data(), size());
@@ -158,4 +168,4 @@ Departure PengRobinson::departure(double T, double P, std::span<const double> x,
     return withPhase(*this, T, P, x, root, [](const CubicPhase& phase) { return phase.departure(); });
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

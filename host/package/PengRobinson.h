@@ -1,6 +1,7 @@
-// The Peng-Robinson equation of state of a mixture: fugacity coefficients, volume and departures of one phase.
-// Not here: ideal gas properties (IdealGas), all properties of a phase together (PhaseProperties), equilibrium
-// (Flash).
+// The Peng-Robinson equation of state of a mixture: fugacity coefficients, volume and departures of one
+// phase.
+// Not here: ideal gas properties (IdealGas), all properties of a phase together (PhaseProperties),
+// equilibrium (Flash).
 #pragma once
 
 #include "package/Compound.h"
@@ -14,17 +15,18 @@
 
 namespace orvane::package {
 
-/// Which root of the cubic is meant where there are three positive ones. Where there is one, all three mean it.
+/// Which root of the cubic is meant where there are three positive ones. Where there is one, all three mean
+/// it.
 enum class Root {
-    vaporLike,  ///< the largest volume
-    liquidLike, ///< the smallest volume
-    stable,     ///< the one of lower Gibbs energy
+    vaporLike,   ///< the largest volume
+    liquidLike,  ///< the smallest volume
+    stable,      ///< the one of lower Gibbs energy
 };
 
 /// Departure from the ideal gas at the same temperature, pressure and composition.
 struct Departure {
-    double enthalpy = 0; ///< J/mol
-    double entropy = 0;  ///< J/mol/K
+    double enthalpy = 0;  ///< J/mol
+    double entropy = 0;   ///< J/mol/K
 };
 
 /// Peng-Robinson equation of state of a mixture with the van der Waals one-fluid mixing rules, without volume
@@ -48,13 +50,15 @@ public:
     double interaction(std::size_t i, std::size_t j) const;
 
     /// Compressibility factor PV/RT.
-    double compressibilityFactor(double temperature, double pressure, std::span<const double> x, Root root) const;
+    double compressibilityFactor(double temperature, double pressure, std::span<const double> x,
+                                 Root root) const;
 
     /// Molar volume [m3/mol].
     double volume(double temperature, double pressure, std::span<const double> x, Root root) const;
 
     /// ln of the fugacity coefficients, one per compound.
-    std::vector<double> lnPhi(double temperature, double pressure, std::span<const double> x, Root root) const;
+    std::vector<double> lnPhi(double temperature, double pressure, std::span<const double> x,
+                              Root root) const;
 
     /// Derivatives of lnPhi by temperature [1/K] and by pressure [1/Pa], at constant composition.
     std::vector<double> lnPhiByTemperature(double temperature, double pressure, std::span<const double> x,
@@ -62,8 +66,8 @@ public:
     std::vector<double> lnPhiByPressure(double temperature, double pressure, std::span<const double> x,
                                         Root root) const;
 
-    /// Derivatives of lnPhi by amount in one mole of mixture, element i * size() + j: d lnPhi_i / d n_j [1/mol].
-    /// Symmetric.
+    /// Derivatives of lnPhi by amount in one mole of mixture, element i * size() + j: d lnPhi_i / d n_j
+    /// [1/mol]. Symmetric.
     std::vector<double> lnPhiByAmount(double temperature, double pressure, std::span<const double> x,
                                       Root root) const;
 
@@ -82,4 +86,4 @@ private:
     MixtureParameters parameters_;
 };
 
-} // namespace orvane::package
+}  // namespace orvane::package

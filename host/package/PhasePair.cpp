@@ -25,7 +25,8 @@ void PhasePair::evaluate(const Isotherm& isotherm, double pressure, Root vaporRo
         const double inLiquid = std::log(liquidComposition[i]) + liquid.lnPhi[i];
         imbalance[i] = inVapor - inLiquid;
         gibbs += amounts.vapor[i] * inVapor + amounts.liquid[i] * inLiquid;
-        if (std::min(vaporComposition[i], liquidComposition[i]) > 1e-250) error = std::max(error, std::abs(imbalance[i]));
+        if (std::min(vaporComposition[i], liquidComposition[i]) > 1e-250)
+            error = std::max(error, std::abs(imbalance[i]));
     }
 }
 
@@ -40,7 +41,8 @@ void PhasePair::transfer(std::size_t n, const SmallVector& step, double length) 
             l -= moved;
             continue;
         }
-        // The lesser amount by its logarithm, so that a trace finds its order of magnitude and stays positive.
+        // The lesser amount by its logarithm, so that a trace finds its order of magnitude and stays
+        // positive.
         const double sum = v + l;
         const auto change = [relative, sum](double& lesser, double& greater, double sign) {
             lesser = std::min(lesser * std::exp(std::clamp(sign * relative, -5.0, 5.0)), sum - 0.1 * greater);
@@ -62,7 +64,8 @@ void PhasePair::secondDerivatives(std::size_t n, const CompoundArray& s, SmallMa
     for (std::size_t j = 0; j < n; ++j) {
         double* column = &out(0, static_cast<Eigen::Index>(j));
         for (std::size_t i = 0; i < n; ++i)
-            column[i] = s[i] * s[j] * ((inVapor[j * n + i] - 1) * perVapor + (inLiquid[j * n + i] - 1) * perLiquid);
+            column[i] =
+                s[i] * s[j] * ((inVapor[j * n + i] - 1) * perVapor + (inLiquid[j * n + i] - 1) * perLiquid);
         column[j] += 1;
     }
 }
@@ -78,8 +81,9 @@ void PhasePair::order() {
 
 double PhasePair::distance(std::size_t n) const {
     double largest = 0;
-    for (std::size_t i = 0; i < n; ++i) largest = std::max(largest, std::abs(vapor.lnPhi[i] - liquid.lnPhi[i]));
+    for (std::size_t i = 0; i < n; ++i)
+        largest = std::max(largest, std::abs(vapor.lnPhi[i] - liquid.lnPhi[i]));
     return largest;
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -45,12 +45,14 @@ PhaseProperties::PhaseProperties(const PengRobinson& equation, double temperatur
 }
 
 double PhaseProperties::speedOfSound() const {
-    const double molarMass = molecularWeight_ * 1e-3; // kg/mol
-    const double square = -volume_ * volume_ * pressureByVolume_ * heatCapacityCp_ / heatCapacityCv_ / molarMass;
+    const double molarMass = molecularWeight_ * 1e-3;  // kg/mol
+    const double square =
+        -volume_ * volume_ * pressureByVolume_ * heatCapacityCp_ / heatCapacityCv_ / molarMass;
     if (!(square > 0 && heatCapacityCv_ > 0) || !std::isfinite(square))
-        throw PackageError(fmt::format("no speed of sound at T = {} K, P = {} Pa: its square would be {} m2/s2, with "
-                                       "Cp = {} and Cv = {} J/mol/K",
-                                       temperature_, pressure_, square, heatCapacityCp_, heatCapacityCv_));
+        throw PackageError(
+            fmt::format("no speed of sound at T = {} K, P = {} Pa: its square would be {} m2/s2, with "
+                        "Cp = {} and Cv = {} J/mol/K",
+                        temperature_, pressure_, square, heatCapacityCp_, heatCapacityCv_));
     return std::sqrt(square);
 }
 
@@ -66,4 +68,4 @@ std::vector<double> PhaseProperties::fugacity() const {
     return result;
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -14,15 +14,16 @@ namespace {
 // a / (b R T) of a pure compound at its critical point; it falls as the temperature rises.
 constexpr double criticalAttraction = omegaA / omegaB;
 // v / b of a pure compound at its critical point, from the criticality conditions of the equation of state.
-const double criticalReducedVolume = 1 + std::cbrt(4 - 2 * std::numbers::sqrt2) + std::cbrt(4 + 2 * std::numbers::sqrt2);
-constexpr double liquidReducedVolume = 1.75; // see Flash
+const double criticalReducedVolume =
+    1 + std::cbrt(4 - 2 * std::numbers::sqrt2) + std::cbrt(4 + 2 * std::numbers::sqrt2);
+constexpr double liquidReducedVolume = 1.75;  // see Flash
 
 // G of two phases may exceed that of one by rounding, where the lesser phase is very small.
 constexpr double gibbsRounding = 1e-12;
 // Phases more alike than this by ln K are left to the stability test, which tells them from one phase.
 constexpr double clearlyTwo = 1e-3;
 
-} // namespace
+}  // namespace
 
 PhaseSearch::PhaseSearch(const Isotherm& isotherm, double pressure, const double* feed)
     : isotherm_(isotherm), pressure_(pressure), feed_(feed), n_(isotherm.mixture.size) {}
@@ -37,15 +38,17 @@ PhaseKind PhaseSearch::kindOfSingle(const TrialPhase& nearest) const {
     if (isLiquid(single_)) return PhaseKind::liquid;
     if (single_.threeRoots) return PhaseKind::vapor;
     if (single_.reducedVolume() < liquidReducedVolume) return PhaseKind::liquid;
-    const bool supercritical = single_.a <= criticalAttraction * single_.b * gasConstant * isotherm_.temperature;
-    const bool lighterNearby = std::isfinite(nearest.distance) && nearest.reducedVolume > single_.reducedVolume();
+    const bool supercritical =
+        single_.a <= criticalAttraction * single_.b * gasConstant * isotherm_.temperature;
+    const bool lighterNearby =
+        std::isfinite(nearest.distance) && nearest.reducedVolume > single_.reducedVolume();
     return supercritical && lighterNearby ? PhaseKind::liquid : PhaseKind::vapor;
 }
 
 bool PhaseSearch::splitFromRatios(const double* lnK) {
     TwoPhaseSplit split(isotherm_, pressure_, feed_);
-    const bool found = split.startFromRatios(lnK) && split.solve() == TwoPhaseSplit::Verdict::twoPhases
-                       && split.pair().gibbs <= feedGibbs_ + gibbsRounding;
+    const bool found = split.startFromRatios(lnK) && split.solve() == TwoPhaseSplit::Verdict::twoPhases &&
+                       split.pair().gibbs <= feedGibbs_ + gibbsRounding;
     evaluations_ += split.evaluations();
     if (found) pair_ = split.pair();
     return found;
@@ -68,9 +71,10 @@ bool PhaseSearch::splitFromTrial(const TrialPhase& trial) {
     }
     // So little of the new phase would form that it is lost in the rounding of the Gibbs energy.
     if (trial.distance > -1e-8) return false;
-    throw PackageError(fmt::format("the feed at T = {} K, P = {} Pa is not stable (tangent plane distance {:.3g}), but "
-                                   "the two phases that it forms were not found",
-                                   isotherm_.temperature, pressure_, trial.distance));
+    throw PackageError(
+        fmt::format("the feed at T = {} K, P = {} Pa is not stable (tangent plane distance {:.3g}), but "
+                    "the two phases that it forms were not found",
+                    isotherm_.temperature, pressure_, trial.distance));
 }
 
 void PhaseSearch::run(const double* lnK) {
@@ -91,8 +95,8 @@ void PhaseSearch::run(const double* lnK) {
     two_ = splitFromRatios(lnK ? lnK : wilson.data()) && pair_.distance(n_) > clearlyTwo;
     if (!two_) {
         StabilityTest test(isotherm_, pressure_, d_.data(), single_.reducedVolume(), feed_);
-        const bool unstable = test.tryVapor() || test.tryLiquid() || test.tryIdealGas() || test.tryPureCompounds()
-                              || test.tryCurvature();
+        const bool unstable = test.tryVapor() || test.tryLiquid() || test.tryIdealGas() ||
+                              test.tryPureCompounds() || test.tryCurvature();
         evaluations_ += test.evaluations();
         two_ = unstable && splitFromTrial(test.found());
         if (!two_) singleKind_ = kindOfSingle(test.found());
@@ -109,58 +113,66 @@ void PhaseSearch::examine(const PhasePair& pair) {
 
 void PhaseSearch::lookForThird() {
     changed_ = liquidLiquid_ = false;
-    secondLiquid_.reset();
+    thirdPhase_.reset();
     constexpr int maxRounds = 6;
     for (int round = 0;; ++round) {
         pair_.order();
         CompoundArray d;
-        for (std::size_t i = 0; i < n_; ++i) d[i] = std::log(pair_.liquidComposition[i]) + pair_.liquid.lnPhi[i];
+        for (std::size_t i = 0; i < n_; ++i)
+            d[i] = std::log(pair_.liquidComposition[i]) + pair_.liquid.lnPhi[i];
         StabilityTest test(isotherm_, pressure_, d.data(), pair_.vapor.reducedVolume(),
                            pair_.liquidComposition.data(), pair_.vaporComposition.data());
         const bool noVapor = isLiquid(pair_.vapor);
-        const bool unstable = (noVapor && test.tryIdealGas()) || test.tryPureCompounds();
+        const bool unstable =
+            (noVapor && test.tryIdealGas()) || test.tryPureCompounds() || test.tryComposition(feed_);
         evaluations_ += test.evaluations();
         if (!unstable) {
             liquidLiquid_ = noVapor;
             return;
         }
         if (round == maxRounds)
-            throw PackageError(fmt::format("the phases at T = {} K, P = {} Pa were not found in {} rounds: the last two "
-                                           "are not stable (tangent plane distance {:.3g})",
-                                           isotherm_.temperature, pressure_, maxRounds, test.found().distance));
+            throw PackageError(
+                fmt::format("the phases at T = {} K, P = {} Pa were not found in {} rounds: the last two "
+                            "are not stable (tangent plane distance {:.3g})",
+                            isotherm_.temperature, pressure_, maxRounds, test.found().distance));
 
         // The new phase with each of the two: does one of these pairs have less Gibbs energy?
         const TrialPhase& third = test.found();
         std::optional<PhasePair> best, bestWithVapor;
-        for (const auto* partner : {&pair_.liquid, &pair_.vapor}) {
+        CompoundArray leftOut = third.composition;
+        for (const bool withLiquid : {true, false}) {
+            const CubicPhase& partner = withLiquid ? pair_.liquid : pair_.vapor;
             CompoundArray lnK;
-            for (std::size_t i = 0; i < n_; ++i) lnK[i] = partner->lnPhi[i] - third.lnPhi[i];
+            for (std::size_t i = 0; i < n_; ++i) lnK[i] = partner.lnPhi[i] - third.lnPhi[i];
             TwoPhaseSplit split(isotherm_, pressure_, feed_);
-            const bool found = split.startFromRatios(lnK.data())
-                               && split.solve() == TwoPhaseSplit::Verdict::twoPhases;
+            const bool found =
+                split.startFromRatios(lnK.data()) && split.solve() == TwoPhaseSplit::Verdict::twoPhases;
             evaluations_ += split.evaluations();
             if (!found) continue;
             PhasePair candidate = split.pair();
             candidate.order();
             if (!best || candidate.gibbs < best->gibbs) best = candidate;
-            if (!isLiquid(candidate.vapor) && (!bestWithVapor || candidate.gibbs < bestWithVapor->gibbs))
+            if (noVapor && !isLiquid(candidate.vapor) &&
+                (!bestWithVapor || candidate.gibbs < bestWithVapor->gibbs)) {
                 bestWithVapor = candidate;
+                leftOut = withLiquid ? pair_.vaporComposition : pair_.liquidComposition;
+            }
         }
         if (best && best->gibbs < pair_.gibbs - gibbsRounding) {
             pair_ = *best;
             changed_ = true;
             continue;
         }
-        // No pair is stable: three phases.
-        secondLiquid_ = third;
-        if (noVapor && bestWithVapor) {
-            // The new phase is the vapour; of the two liquids the one that is not in the better pair stays out.
+        // No pair is stable: three phases. Of two liquids and a vapour the better liquid goes with the
+        // vapour.
+        thirdPhase_ = leftOut;
+        liquidLiquid_ = noVapor && !bestWithVapor;
+        if (bestWithVapor) {
             pair_ = *bestWithVapor;
             changed_ = true;
         }
-        liquidLiquid_ = noVapor && !bestWithVapor;
         return;
     }
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

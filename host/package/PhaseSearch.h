@@ -16,25 +16,26 @@ public:
     /// The feed and the isotherm live longer than this.
     PhaseSearch(const Isotherm& isotherm, double pressure, const double* feed);
 
-    /// Searches. lnK: ratios to try first, from a state nearby, or null. Throws PackageError when a solver does not
-    /// converge.
+    /// Searches. lnK: ratios to try first, from a state nearby, or null. Throws PackageError when a solver
+    /// does not converge.
     void run(const double* lnK = nullptr);
 
-    /// Takes two phases in equilibrium, found otherwise, and looks for a third as run() does in the end. Another pair
-    /// may come of it; then changed() is true.
+    /// Takes two phases in equilibrium, found otherwise, and looks for a third as run() does in the end.
+    /// Another pair may come of it; then changed() is true.
     void examine(const PhasePair& pair);
 
     bool twoPhases() const { return two_; }
-    const PhasePair& pair() const { return pair_; }     ///< of two phases, ordered
-    const CubicPhase& single() const { return single_; } ///< the feed in one phase, stable root; after run()
-    PhaseKind singleKind() const { return singleKind_; } ///< of one phase
+    const PhasePair& pair() const { return pair_; }       ///< of two phases, ordered
+    const CubicPhase& single() const { return single_; }  ///< the feed in one phase, stable root; after run()
+    PhaseKind singleKind() const { return singleKind_; }  ///< of one phase
     bool changed() const { return changed_; }
 
-    /// Of two phases: both are liquids, and no vapour forms beside them.
+    /// Of two phases: both are liquids.
     bool liquidLiquid() const { return liquidLiquid_; }
 
-    /// Of two phases: the liquid that would form too, which the answer leaves out.
-    const std::optional<TrialPhase>& secondLiquid() const { return secondLiquid_; }
+    /// Of two phases: mole fractions of a third that would form too. Beside a vapour it is a liquid; beside
+    /// two liquids it is a vapour so small that neither liquid alone has a vapour.
+    const std::optional<CompoundArray>& thirdPhase() const { return thirdPhase_; }
 
     int evaluations() const { return evaluations_; }
 
@@ -49,7 +50,7 @@ private:
     double pressure_;
     const double* feed_;
     std::size_t n_;
-    CompoundArray d_; // ln of the fugacity of the feed in one phase, over the pressure
+    CompoundArray d_;  // ln of the fugacity of the feed in one phase, over the pressure
     double feedGibbs_ = 0;
     CubicPhase single_;
     PhasePair pair_;
@@ -57,8 +58,8 @@ private:
     bool changed_ = false;
     bool liquidLiquid_ = false;
     PhaseKind singleKind_ = PhaseKind::vapor;
-    std::optional<TrialPhase> secondLiquid_;
+    std::optional<CompoundArray> thirdPhase_;
     int evaluations_ = 0;
 };
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -52,9 +52,10 @@ bool rachfordRice(std::size_t n, const double* feed, const double* lnK, PhaseAmo
         if (change <= 1e-14 * beta || high - low <= std::numeric_limits<double>::epsilon() * high) break;
         if (beta < std::numeric_limits<double>::min()) return false;
         if (step == maxSteps)
-            throw PackageError(fmt::format("no phase fraction for given equilibrium ratios after {} steps: between {} "
-                                           "and {}",
-                                           maxSteps, low, high));
+            throw PackageError(
+                fmt::format("no phase fraction for given equilibrium ratios after {} steps: between {} "
+                            "and {}",
+                            maxSteps, low, high));
     }
     auto& lesser = lesserVapor ? amounts.vapor : amounts.liquid;
     auto& greater = lesserVapor ? amounts.liquid : amounts.vapor;
@@ -66,4 +67,4 @@ bool rachfordRice(std::size_t n, const double* feed, const double* lnK, PhaseAmo
     return true;
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

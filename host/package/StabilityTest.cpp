@@ -15,50 +15,47 @@
 namespace orvane::package {
 namespace {
 
-constexpr int maxSteps = 120;
-constexpr int substitutions = 3;      // before Newton's method
+constexpr int maxSteps = 300;
+constexpr int substitutions = 3;  // before Newton's method
 constexpr double finestGradient = 1e-12;
-constexpr double acceptedGradient = 1e-8; // when steps no longer make it smaller
+constexpr double acceptedGradient = 1e-8;  // when steps no longer make it smaller
 
-// A compound as a phase of its own, in its stable root.
-struct PurePhase {
+// A compound as a phase of its own, in its dense root: what starts as the vapour of a compound that could
+// condense stays a vapour, and the liquid would be missed.
+struct DensePure {
     double lnPhi, reducedVolume;
 
-    PurePhase(const Isotherm& isotherm, double pressure, std::size_t i) {
+    DensePure(const Isotherm& isotherm, double pressure, std::size_t i) {
+        constexpr double root2 = std::numbers::sqrt2;
         const double RT = gasConstant * isotherm.temperature;
         const double A = isotherm.rootA[i] * isotherm.rootA[i] * pressure / (RT * RT);
         const double B = isotherm.mixture.covolume[i] * pressure / RT;
-        const CubicRoots roots(A, B);
-        use(A, B, roots.smallest);
-        if (!roots.three) return;
-        const PurePhase dense = *this;
-        use(A, B, roots.largest);
-        if (dense.lnPhi < lnPhi) *this = dense;
-    }
-
-private:
-    void use(double A, double B, double u) {
-        constexpr double root2 = std::numbers::sqrt2;
+        const double u = CubicRoots(A, B).smallest;
         const double logTerm = std::log1p(2 * root2 * B / (u + (2 - root2) * B)) / (2 * root2 * B);
         lnPhi = u + B - 1 - std::log(u) - A * logTerm;
         reducedVolume = (u + B) / B;
     }
 };
 
-} // namespace
+}  // namespace
 
 void wilsonRatios(const Isotherm& isotherm, double pressure, double* lnK) {
     const auto& mixture = isotherm.mixture;
     for (std::size_t i = 0; i < mixture.size; ++i)
-        lnK[i] = std::log(mixture.criticalPressure[i] / pressure)
-                 + 5.373 * (1 + mixture.acentricFactor[i])
-                       * (1 - mixture.criticalTemperature[i] / isotherm.temperature);
+        lnK[i] = std::log(mixture.criticalPressure[i] / pressure) +
+                 5.373 * (1 + mixture.acentricFactor[i]) *
+                     (1 - mixture.criticalTemperature[i] / isotherm.temperature);
 }
 
 StabilityTest::StabilityTest(const Isotherm& isotherm, double pressure, const double* d, double reducedVolume,
                              const double* known, const double* otherKnown)
-    : isotherm_(isotherm), pressure_(pressure), d_(d), gasKnown_(reducedVolume > thinGas), known_(known),
-      otherKnown_(otherKnown), n_(isotherm.mixture.size) {}
+    : isotherm_(isotherm),
+      pressure_(pressure),
+      d_(d),
+      gasKnown_(reducedVolume > thinGas),
+      known_(known),
+      otherKnown_(otherKnown),
+      n_(isotherm.mixture.size) {}
 
 bool StabilityTest::isKnown(const CompoundArray& W) const {
     const auto same = [&](const double* z) {
@@ -80,7 +77,7 @@ void StabilityTest::keep(double tm, const CompoundArray& W, double total) {
 // From the start lnW to a verdict on it; true when it shows the phase under test to be unstable.
 bool StabilityTest::minimise(const CompoundArray& start) {
     CompoundArray lnW = start, before = start, direction{};
-    CompoundArray W, w, gradient; // gradient: ln W_i + lnPhi_i - d_i
+    CompoundArray W, w, gradient;  // gradient: ln W_i + lnPhi_i - d_i
     double smallest = std::numeric_limits<double>::infinity(), tmBefore = smallest, length = 1;
     int stalled = 0, steps = 0;
     for (int count = 0; count < maxSteps; ++count) {
@@ -119,7 +116,9 @@ bool StabilityTest::minimise(const CompoundArray& start) {
         stalled = error < 0.5 * smallest ? 0 : stalled + 1;
         smallest = std::min(smallest, error);
         // Close to a known phase tm is the parabola of which that phase is the lowest point: 2 tm = slope.
-        const auto nears = [tm](double s) { return s > 0 && tm > 0 && tm < 1e-3 && std::abs(2 * tm / s - 1) < 0.1; };
+        const auto nears = [tm](double s) {
+            return s > 0 && tm > 0 && tm < 1e-3 && std::abs(2 * tm / s - 1) < 0.1;
+        };
         if (steps >= 2 && (nears(slope) || (otherKnown_ && nears(otherSlope)))) return false;
 
         if (steps++ < substitutions) {
@@ -128,7 +127,7 @@ bool StabilityTest::minimise(const CompoundArray& start) {
             const double gain = newton(W, gradient, total, direction);
             double largest = 0;
             for (std::size_t i = 0; i < n_; ++i) largest = std::max(largest, std::abs(direction[i]));
-            if (largest < 0.1 && gain < 0.1 * tm && !isKnown(W)) { // a stationary point is near, above zero
+            if (largest < 0.1 && gain < 0.1 * tm && !isKnown(W)) {  // a stationary point is near, above zero
                 keep(tm, W, total);
                 return false;
             }
@@ -138,13 +137,16 @@ bool StabilityTest::minimise(const CompoundArray& start) {
         before = lnW;
         for (std::size_t i = 0; i < n_; ++i) lnW[i] += direction[i];
     }
-    throw PackageError(fmt::format("the stability test at T = {} K, P = {} Pa did not converge in {} steps: the "
-                                   "logarithms of a fugacity still differ by {:.3g}",
-                                   isotherm_.temperature, pressure_, maxSteps, smallest));
+    throw PackageError(
+        fmt::format("the stability test at T = {} K, P = {} Pa did not converge in {} steps: the "
+                    "logarithms of a fugacity still differ by {:.3g}",
+                    isotherm_.temperature, pressure_, maxSteps, smallest));
 }
 
-// The step of Newton's method in 2 sqrt(W_i), where the second derivatives are of order 1, as changes of ln W_i;
-// shifted where these are not positive definite. Returns by how much the quadratic model falls along it.
+// The step of Newton's method in 2 sqrt(W_i), where the second derivatives are of order 1, as changes of ln
+// W_i. These are shifted where they are not positive definite, or where the step would leave the valley that
+// it is in: a leap to the next one is how a phase is missed. Returns by how much the quadratic model falls
+// along the step; infinity where it was shifted.
 double StabilityTest::newton(const CompoundArray& W, const CompoundArray& gradient, double total,
                              CompoundArray& direction) {
     const auto rows = static_cast<Eigen::Index>(n_);
@@ -156,25 +158,28 @@ double StabilityTest::newton(const CompoundArray& W, const CompoundArray& gradie
         root[i] = std::sqrt(W[i]);
         downhill[static_cast<Eigen::Index>(i)] = -root[i] * gradient[i];
     }
-    for (double shift = 0;; shift = std::max(0.1, 4 * shift)) {
+    const double longest = std::sqrt(std::max(1.0, total));  // half of what all W together measure
+    double gain = 0;
+    for (double shift = 0;; shift = std::max(0.1, 3 * shift)) {
         factor = second;
         factor.diagonal().array() += shift;
         const Eigen::LLT<Eigen::Ref<SmallMatrix>> cholesky(factor);
         if (cholesky.info() != Eigen::Success) continue;
         step = downhill;
         cholesky.solveInPlace(step);
-        break;
+        gain = shift > 0 ? std::numeric_limits<double>::infinity() : 0.5 * downhill.dot(step);
+        if (step.norm() <= longest) break;
     }
-    static constexpr double farthest = 5; // the quadratic model says nothing beyond
+    static constexpr double farthest = 5;  // the quadratic model says nothing beyond
     const auto within = [](double change) { return std::clamp(change, -farthest, farthest); };
     double slope = 0;
     for (std::size_t i = 0; i < n_; ++i) {
         direction[i] = within(step[static_cast<Eigen::Index>(i)] / root[i]);
         slope += W[i] * gradient[i] * direction[i];
     }
-    if (slope >= 0) // cut off at the farthest, the step may lead uphill; successive substitution never does
+    if (slope >= 0)  // cut off at the farthest, the step may lead uphill; successive substitution never does
         for (std::size_t i = 0; i < n_; ++i) direction[i] = within(-gradient[i]);
-    return 0.5 * downhill.dot(step);
+    return gain;
 }
 
 // Second derivatives of tm by 2 sqrt(W_i) at a stationary point, from the solved phase.
@@ -198,16 +203,12 @@ bool StabilityTest::tryWilson(double sign) {
     return minimise(lnW);
 }
 
-bool StabilityTest::tryVapor() {
-    return !gasKnown_ && tryWilson(1);
-}
+bool StabilityTest::tryVapor() { return !gasKnown_ && tryWilson(1); }
 
-bool StabilityTest::tryLiquid() {
-    return tryWilson(-1);
-}
+bool StabilityTest::tryLiquid() { return tryWilson(-1); }
 
-// Inside of the spinodal, and close to a critical point only there, the phase under test is no minimum of tm but
-// a saddle, from which the other starts may not have seen the way down.
+// Inside of the spinodal, and close to a critical point only there, the phase under test is no minimum of tm
+// but a saddle, from which the other starts may not have seen the way down.
 bool StabilityTest::tryCurvature() {
     const auto rows = static_cast<Eigen::Index>(n_);
     SmallMatrix second(rows, rows);
@@ -235,16 +236,26 @@ bool StabilityTest::tryIdealGas() {
     return minimise(lnW);
 }
 
+bool StabilityTest::tryComposition(const double* composition) {
+    CompoundArray lnW;
+    for (std::size_t i = 0; i < n_; ++i) lnW[i] = std::log(composition[i]);
+    return minimise(lnW);
+}
+
 bool StabilityTest::tryPureCompounds() {
     CompoundArray lnW;
-    // A phase that consists of a compound by half, with an activity coefficient of 2, has ln W_i = -1.4 here.
+    // A phase half of which is the compound, with an activity coefficient of 2, has ln W_i = -1.4 here;
+    // pressure adds its excess volume, taken to be no more than the covolume.
     constexpr double farAbove = -2;
+    const double perCovolume = pressure_ / (gasConstant * isotherm_.temperature);
     for (std::size_t i = 0; i < n_; ++i) {
-        const PurePhase alone(isotherm_, pressure_, i);
-        if (d_[i] - alone.lnPhi < farAbove || (gasKnown_ && alone.reducedVolume > thinGas)) continue;
+        const DensePure alone(isotherm_, pressure_, i);
+        if (d_[i] - alone.lnPhi < farAbove - perCovolume * isotherm_.mixture.covolume[i] ||
+            (gasKnown_ && alone.reducedVolume > thinGas))
+            continue;
         CompoundArray pure{};
         pure[i] = 1;
-        phase_.solve(isotherm_, pressure_, pure.data(), Root::stable);
+        phase_.solve(isotherm_, pressure_, pure.data(), Root::liquidLike);
         ++evaluations_;
         for (std::size_t j = 0; j < n_; ++j) lnW[j] = d_[j] - phase_.lnPhi[j];
         if (minimise(lnW)) return true;
@@ -252,4 +263,4 @@ bool StabilityTest::tryPureCompounds() {
     return false;
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -9,18 +9,16 @@
 namespace orvane::package {
 namespace {
 
-constexpr int substitutions = 3;   // before Newton's method; they bring traces to their orders of magnitude
+constexpr int substitutions = 3;  // before Newton's method; they bring traces to their orders of magnitude
 constexpr int maxSteps = 150;
-constexpr double finestError = 1e-13;  // in ln fugacity: below this rounding rules
-constexpr double acceptedError = 1e-9; // when steps no longer make it smaller
-constexpr double leastPhase = 1e-15;   // moles: less than rounding leaves of the feed is no phase
-constexpr double samePhase = 1e-6;     // largest ln K of phases that are held to be one
+constexpr double finestError = 1e-13;   // in ln fugacity: below this rounding rules
+constexpr double acceptedError = 1e-9;  // when steps no longer make it smaller
+constexpr double leastPhase = 1e-15;    // moles: less than rounding leaves of the feed is no phase
+constexpr double samePhase = 1e-6;      // largest ln K of phases that are held to be one
 
-double rounding(double gibbs) {
-    return 1e-14 * std::max(1.0, std::abs(gibbs));
-}
+double rounding(double gibbs) { return 1e-14 * std::max(1.0, std::abs(gibbs)); }
 
-} // namespace
+}  // namespace
 
 TwoPhaseSplit::TwoPhaseSplit(const Isotherm& isotherm, double pressure, const double* feed)
     : isotherm_(isotherm), pressure_(pressure), feed_(feed), n_(isotherm.mixture.size) {}
@@ -59,8 +57,8 @@ bool TwoPhaseSplit::substitute() {
     return true;
 }
 
-// One step of Newton's method. False, without a step, when no length of it lowers the Gibbs energy. `length`: the
-// largest change of a compound's ln amount, in either phase, that the whole step would make.
+// One step of Newton's method. False, without a step, when no length of it lowers the Gibbs energy. `length`:
+// the largest change of a compound's ln amount, in either phase, that the whole step would make.
 bool TwoPhaseSplit::newton(double& length) {
     const auto rows = static_cast<Eigen::Index>(n_);
     CompoundArray scale;
@@ -91,9 +89,10 @@ bool TwoPhaseSplit::newton(double& length) {
         for (double fraction = 1; fraction > 1e-3; fraction *= 0.4) {
             pair_.transfer(n_, step, fraction);
             evaluate();
-            // Close to the solution the Gibbs energy has only rounding left to tell, the imbalance still a lot.
-            if (pair_.gibbs < gibbsBefore
-                || (pair_.gibbs <= gibbsBefore + rounding(gibbsBefore) && pair_.error <= errorBefore))
+            // Close to the solution the Gibbs energy has only rounding left to tell, the imbalance still a
+            // lot.
+            if (pair_.gibbs < gibbsBefore ||
+                (pair_.gibbs <= gibbsBefore + rounding(gibbsBefore) && pair_.error <= errorBefore))
                 return true;
             pair_.amounts = before;
         }
@@ -116,7 +115,8 @@ TwoPhaseSplit::Verdict TwoPhaseSplit::solve() {
         double length = 0;
         const bool moved = newton(length);
         const bool finished = !moved || length <= 1e-9;
-        if (pair_.error <= finestError || (finished && pair_.error <= acceptedError)) return Verdict::twoPhases;
+        if (pair_.error <= finestError || (finished && pair_.error <= acceptedError))
+            return Verdict::twoPhases;
         if (!moved && !substitute()) return Verdict::onePhase;
         // Near a critical point rounding in the cubic, magnified, keeps the error above the finest.
         stalled = pair_.error < 0.5 * smallest ? 0 : stalled + 1;
@@ -127,9 +127,10 @@ TwoPhaseSplit::Verdict TwoPhaseSplit::solve() {
 }
 
 std::string TwoPhaseSplit::complaint() const {
-    return fmt::format("two phases at T = {} K, P = {} Pa did not reach equilibrium in {} steps: the logarithms of a "
-                       "fugacity still differ by {:.3g}",
-                       isotherm_.temperature, pressure_, maxSteps, pair_.error);
+    return fmt::format(
+        "two phases at T = {} K, P = {} Pa did not reach equilibrium in {} steps: the logarithms of a "
+        "fugacity still differ by {:.3g}",
+        isotherm_.temperature, pressure_, maxSteps, pair_.error);
 }
 
-} // namespace orvane::package
+}  // namespace orvane::package

@@ -1,4 +1,4 @@
-"""Turns the tables of data/ into the C++ source that CompoundTable is made of: tables.py DATA_FOLDER OUTPUT."""
+"""Turns the tables of data/ into the C++ source of CompoundTable: tables.py DATA_FOLDER OUTPUT."""
 
 import csv
 import json

@@ -42,7 +42,8 @@ ReservedOutput::ReservedOutput() : descriptor_(fcntl(STDOUT_FILENO, F_DUPFD_CLOE
 ReservedOutput::~ReservedOutput() { close(descriptor_); }
 
 void ReservedOutput::write(std::string_view text) {
-    if (const int error = writeAll(descriptor_, text)) fail("the result cannot be written to standard output", error);
+    if (const int error = writeAll(descriptor_, text))
+        fail("the result cannot be written to standard output", error);
 }
 
 void writeWhole(const std::filesystem::path& file, std::string_view text) {

@@ -13,10 +13,11 @@ namespace {
 /// A unit that ran one statement in Configure, with short names for the types; and the last line of the error.
 struct Configured {
     explicit Configured(const std::string& statement)
-        : unit("def Configure(unit):\n"
-               "    T = unit.PortType; D = unit.PortDirection; P = unit.ParameterType; M = unit.ParameterMode; WATT = 1.0\n"
-               "    " +
-               statement + "\n") {
+        : unit(
+              "def Configure(unit):\n"
+              "    T = unit.PortType; D = unit.PortDirection; P = unit.ParameterType; M = unit.ParameterMode; WATT = 1.0\n"
+              "    " +
+              statement + "\n") {
         std::string errors = unit.loadErrors + unit.call(FunctionKind::configure).errors;
         while (!errors.empty() && errors.back() == '\n') errors.pop_back();
         error = errors.substr(errors.rfind('\n') + 1);
@@ -92,41 +93,46 @@ TEST_CASE("Parameters: the first broken rule is told") {
         const char* keywords;
         const char* error;
     };
-    for (const Row& row : {
-             Row{"REAL", "options=['a'], length=2", "Cannot specify options for a real parameter"},
-             Row{"REAL", "length=2", "Cannot specify length for a real parameter"},
-             Row{"REAL", "default='x', min='y'", "Invalid default value."},
-             Row{"REAL", "initial='x'", "Invalid initial value."},
-             Row{"REAL", "min='x', max='y'", "Invalid minimum value."},
-             Row{"REAL", "max='x'", "Invalid maximum value."},
-             Row{"REAL", "dimension='m'", "Invalid dimension: not a Dimension."},
-             Row{"INTEGER", "optional=True, difference=True", "For integer parameters, optional=True is not supported."},
-             Row{"INTEGER", "dimension=WATT", "For integer parameters, dimension cannot be specified."},
-             Row{"INTEGER", "default=1.5", "Invalid default value."},
-             Row{"INTEGER", "max=2**31", "Invalid maximum value."},
-             Row{"STRING", "difference=True, length=1", "For string parameters, difference=True is not allowed."},
-             Row{"STRING", "max=1", "For string parameters, max cannot be specified."},
-             Row{"STRING", "default=1", "Invalid default value."},
-             Row{"STRING", "options=[]", "If an option list is specified, it cannot be empty."},
-             Row{"STRING", "options=3", "'options' must be either string or collection of strings"},
-             Row{"STRING", "options=['a', 1]",
-                 "'options' must be either string or collection of strings; given argument is a collection but not all "
-                 "elements are strings"},
-             Row{"STRING", "options=['a'], default='b'",
-                 "If an option list and default value are specified, default value must appear in option list."},
-             Row{"BOOLEAN", "min=1", "For boolean parameters, min cannot be specified."},
-             Row{"ARRAY_REAL", "length=0", "Value of length must be positive"},
-             Row{"ARRAY_REAL", "initial=5", "'initial' must be iterable of real items"},
-             Row{"ARRAY_REAL", "initial=[1, 'x']",
-                 "'initial' must be iterable of real items; given argument is iterable but not all elements are real "
-                 "numbers"},
-         }) {
+    for (
+        const Row& row : {
+            Row{"REAL", "options=['a'], length=2", "Cannot specify options for a real parameter"},
+            Row{"REAL", "length=2", "Cannot specify length for a real parameter"},
+            Row{"REAL", "default='x', min='y'", "Invalid default value."},
+            Row{"REAL", "initial='x'", "Invalid initial value."},
+            Row{"REAL", "min='x', max='y'", "Invalid minimum value."},
+            Row{"REAL", "max='x'", "Invalid maximum value."},
+            Row{"REAL", "dimension='m'", "Invalid dimension: not a Dimension."},
+            Row{"INTEGER", "optional=True, difference=True",
+                "For integer parameters, optional=True is not supported."},
+            Row{"INTEGER", "dimension=WATT", "For integer parameters, dimension cannot be specified."},
+            Row{"INTEGER", "default=1.5", "Invalid default value."},
+            Row{"INTEGER", "max=2**31", "Invalid maximum value."},
+            Row{"STRING", "difference=True, length=1",
+                "For string parameters, difference=True is not allowed."},
+            Row{"STRING", "max=1", "For string parameters, max cannot be specified."},
+            Row{"STRING", "default=1", "Invalid default value."},
+            Row{"STRING", "options=[]", "If an option list is specified, it cannot be empty."},
+            Row{"STRING", "options=3", "'options' must be either string or collection of strings"},
+            Row{"STRING", "options=['a', 1]",
+                "'options' must be either string or collection of strings; given argument is a collection but not all "
+                "elements are strings"},
+            Row{"STRING", "options=['a'], default='b'",
+                "If an option list and default value are specified, default value must appear in option list."},
+            Row{"BOOLEAN", "min=1", "For boolean parameters, min cannot be specified."},
+            Row{"ARRAY_REAL", "length=0", "Value of length must be positive"},
+            Row{"ARRAY_REAL", "initial=5", "'initial' must be iterable of real items"},
+            Row{"ARRAY_REAL", "initial=[1, 'x']",
+                "'initial' must be iterable of real items; given argument is iterable but not all elements are real "
+                "numbers"},
+        }) {
         CAPTURE(row.type);
         CAPTURE(row.keywords);
-        const std::string call = std::string("unit.add_parameter('a', P.") + row.type + ", M.INPUT, " + row.keywords + ")";
+        const std::string call =
+            std::string("unit.add_parameter('a', P.") + row.type + ", M.INPUT, " + row.keywords + ")";
         CHECK(configure(call) == std::string("RuntimeError: ") + row.error);
     }
-    CHECK(configure("unit.add_parameter('a', T.MATERIAL, M.INPUT)") == "TypeError: type must be ParameterType");
+    CHECK(configure("unit.add_parameter('a', T.MATERIAL, M.INPUT)") ==
+          "TypeError: type must be ParameterType");
     CHECK(configure("unit.add_parameter('a', P.REAL, D.FEED)") == "TypeError: mode must be ParameterMode");
 }
 
@@ -156,7 +162,8 @@ TEST_CASE("Parameters: absent values are filled in by type") {
 }
 
 TEST_CASE("The object unit and its constants cannot be made or rebound") {
-    CHECK(configure("type(unit)()") == "RuntimeError: A unit operation cannot be created. It is passed as argument.");
+    CHECK(configure("type(unit)()") ==
+          "RuntimeError: A unit operation cannot be created. It is passed as argument.");
     CHECK(configure("T()") == "RuntimeError: A PortType cannot be created. Use unit.PortType.MATERIAL, "
                               "unit.PortType.ENERGY or unit.PortType.INFORMATION.");
     CHECK(configure("unit.ports = {}") == "RuntimeError: The property 'ports' is read-only");

@@ -17,14 +17,18 @@ public:
     explicit RecordingUnit(const std::string& script);
     ~RecordingUnit() override;
 
-    CallTexts call(FunctionKind kind, bool required = true) { return callScriptFunction(*this, module, kind, required); }
+    CallTexts call(FunctionKind kind, bool required = true) {
+        return callScriptFunction(*this, module, kind, required);
+    }
     /// The output of Calculate, whose body is one line after another.
     static CallTexts calculate(const std::string& body);
 
     void addPort(const PortDeclaration& port) override { ports.push_back(port); }
     void addParameter(const ParameterDeclaration& parameter) override { parameters.push_back(parameter); }
     void addReport(const std::string& name) override { reportsDeclared.push_back(name); }
-    void addImage(const std::string& name, const std::string& function) override { images.emplace_back(name, function); }
+    void addImage(const std::string& name, const std::string& function) override {
+        images.emplace_back(name, function);
+    }
     void defineFrom(PyRef) override {}
     void setAllowInconsistentCompounds(bool allow) override { allowInconsistent = allow; }
     bool allowsInconsistentCompounds() const override { return allowInconsistent; }
@@ -35,7 +39,9 @@ public:
     void fillPorts(PyObject* dictionary) override;
     void fillParameters(PyObject*) override {}
     std::vector<std::string> declaredReports() const override { return reportsDeclared; }
-    void setReports(std::vector<std::pair<std::string, std::string>> texts) override { reports = std::move(texts); }
+    void setReports(std::vector<std::pair<std::string, std::string>> texts) override {
+        reports = std::move(texts);
+    }
     void writeBack(PyObject*, std::string&) override {}
     void releaseWrappers() noexcept override { ++releases; }
     void warn(const std::string& text) override;

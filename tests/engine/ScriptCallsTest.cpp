@@ -11,7 +11,9 @@ using namespace orvane;
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
 
 }  // namespace
 
@@ -58,11 +60,13 @@ TEST_CASE("No way of leaving a script ends the process") {
         const char* body;
         const char* text;
     };
-    for (const Row& row : {Row{"import sys\nsys.exit(3)", "SystemExit: 3"}, Row{"raise KeyboardInterrupt", "KeyboardInterrupt"},
-                           Row{"exit()", "SystemExit"}, Row{"def f(): f()\nf()", "RecursionError"},
-                           Row{"raise RuntimeError('\\ud800')", "RuntimeError"},
-                           Row{"import sys\nsys.stderr = None\nraise ValueError('lost')", "ValueError: lost"},
-                           Row{"import sys\nsys.excepthook = lambda *a: None\nraise ValueError('hook')", "ValueError: hook"}}) {
+    for (const Row& row :
+         {Row{"import sys\nsys.exit(3)", "SystemExit: 3"},
+          Row{"raise KeyboardInterrupt", "KeyboardInterrupt"}, Row{"exit()", "SystemExit"},
+          Row{"def f(): f()\nf()", "RecursionError"}, Row{"raise RuntimeError('\\ud800')", "RuntimeError"},
+          Row{"import sys\nsys.stderr = None\nraise ValueError('lost')", "ValueError: lost"},
+          Row{"import sys\nsys.excepthook = lambda *a: None\nraise ValueError('hook')",
+              "ValueError: hook"}}) {
         CAPTURE(row.body);
         CHECK(contains(RecordingUnit::calculate(row.body).errors, row.text));
         CHECK(RecordingUnit::calculate("print('alive')").output == "alive\n");
@@ -74,18 +78,21 @@ TEST_CASE("No way of leaving a script ends the process") {
 TEST_CASE("An error of the script's module is named as the user's") {
     RecordingUnit unit("import sys\ndef Calculate(unit):\n    sys.modules[Calculate.__module__].nothing\n"
                        "Calculate.__module__ = __name__\n");
-    CHECK(contains(unit.call(FunctionKind::calculate).errors, "module 'user_defined_unit' has no attribute 'nothing'"));
+    CHECK(contains(unit.call(FunctionKind::calculate).errors,
+                   "module 'user_defined_unit' has no attribute 'nothing'"));
 }
 
 TEST_CASE("A script's module is known to the interpreter while it lives") {
-    RecordingUnit unit("from __future__ import annotations\nimport dataclasses\n@dataclasses.dataclass\nclass P:\n    t: float\n"
-                       "def Calculate(unit):\n    print(P(1.5).t)\n");
+    RecordingUnit unit(
+        "from __future__ import annotations\nimport dataclasses\n@dataclasses.dataclass\nclass P:\n    t: float\n"
+        "def Calculate(unit):\n    print(P(1.5).t)\n");
     CHECK(unit.loadErrors.empty());
     CHECK(unit.call(FunctionKind::calculate).output == "1.5\n");
 }
 
 TEST_CASE("Warnings are told once, in the output and to the unit, and are no errors") {
-    RecordingUnit unit("import warnings\ndef Calculate(unit):\n    warnings.warn('hot')\n    print('done')\n");
+    RecordingUnit unit(
+        "import warnings\ndef Calculate(unit):\n    warnings.warn('hot')\n    print('done')\n");
     for (int i = 0; i < 2; ++i) {
         unit.warnings.clear();
         const CallTexts texts = unit.call(FunctionKind::calculate);
@@ -96,7 +103,8 @@ TEST_CASE("Warnings are told once, in the output and to the unit, and are no err
 }
 
 TEST_CASE("Reports get what was printed into them during Calculate, whatever the outcome") {
-    RecordingUnit unit("def Calculate(unit):\n    print('x', file=unit.reports['R'])\n    raise ValueError\n");
+    RecordingUnit unit(
+        "def Calculate(unit):\n    print('x', file=unit.reports['R'])\n    raise ValueError\n");
     unit.reportsDeclared = {"R"};
     unit.call(FunctionKind::calculate);
     REQUIRE(unit.reports.size() == 1);
@@ -117,7 +125,8 @@ TEST_CASE("The unit's dictionaries last as long as they should") {
 
 TEST_CASE("A unit that is called back while it calculates keeps what the outer call printed") {
     RecordingUnit inner("def Calculate(unit):\n    print('inner')\n    raise ValueError('within')\n");
-    RecordingUnit outer("print('loading')\ndef Calculate(unit):\n    print('outer')\n    raise ValueError('without')\n");
+    RecordingUnit outer(
+        "print('loading')\ndef Calculate(unit):\n    print('outer')\n    raise ValueError('without')\n");
     CallTexts within;
     outer.onFillPorts = [&] {
         scriptEngine().outputText() += "before\n";
@@ -143,8 +152,10 @@ TEST_CASE("What goes wrong outside of the script is the call's error too") {
 }
 
 TEST_CASE("Units calculate from several threads, one after the other") {
-    RecordingUnit first("import time\ndef Calculate(unit):\n    for i in range(20):\n        print('first'); time.sleep(1e-4)\n");
-    RecordingUnit second("import time\ndef Calculate(unit):\n    for i in range(20):\n        print('second'); time.sleep(1e-4)\n");
+    RecordingUnit first(
+        "import time\ndef Calculate(unit):\n    for i in range(20):\n        print('first'); time.sleep(1e-4)\n");
+    RecordingUnit second(
+        "import time\ndef Calculate(unit):\n    for i in range(20):\n        print('second'); time.sleep(1e-4)\n");
     CallTexts ofFirst, ofSecond;
     std::thread other([&] { ofFirst = first.call(FunctionKind::calculate); });
     ofSecond = second.call(FunctionKind::calculate);

@@ -17,7 +17,8 @@ std::string errorOf(const std::string& text) {
     try {
         readCase(text, "folder/case.toml");
         return "";
-    } catch (const CaseError& error) {
+    }
+    catch (const CaseError& error) {
         return error.what();
     }
 }
@@ -66,10 +67,14 @@ composition = [0, 1]
         if (parameter.name == "Heat Duty") {
             CHECK(std::get<double>(parameter.value) == 5e4);
             CHECK(parameter.place == "case.toml:12");
-        } else if (parameter.name == "Stages") CHECK(std::get<std::int64_t>(parameter.value) == 3);
-        else if (parameter.name == "Mode") CHECK(std::get<std::string>(parameter.value) == "fast");
-        else if (parameter.name == "Dry") CHECK(std::get<bool>(parameter.value));
-        else CHECK(std::get<std::vector<double>>(parameter.value) == std::vector{1.0, 2.5});
+        } else if (parameter.name == "Stages")
+            CHECK(std::get<std::int64_t>(parameter.value) == 3);
+        else if (parameter.name == "Mode")
+            CHECK(std::get<std::string>(parameter.value) == "fast");
+        else if (parameter.name == "Dry")
+            CHECK(std::get<bool>(parameter.value));
+        else
+            CHECK(std::get<std::vector<double>>(parameter.value) == std::vector{1.0, 2.5});
     }
 
     REQUIRE(read.streams.size() == 3);
@@ -95,19 +100,24 @@ TEST_CASE("A wrong case file is refused with its line and the way out") {
         {package + "[unit\n", 3, "table"},
         {"[unit]\n", 1, "there is no [package]"},
         {package + "[stream]\n", 3, "unknown key 'stream', did you mean 'streams'?"},
-        {package + "zzz = 1\n", 3, "unknown key 'zzz' in [package]; known: 'model', 'compounds' and 'interaction'"},
+        {package + "zzz = 1\n", 3,
+         "unknown key 'zzz' in [package]; known: 'model', 'compounds' and 'interaction'"},
         {package + "package = 1\n", 3, "unknown key 'package' in [package]"},
         {package + "[unit]\nscrpt = \"a.py\"\n", 4, "unknown key 'scrpt' in [unit], did you mean 'script'?"},
         {package + "[unit]\nscript = 3\n", 4, "'script' is to be a text in quotes, not an integer"},
-        {package + "[unit]\nscript = \"no.py\"\n", 4, "the script 'folder/no.py' cannot be read: No such file"},
+        {package + "[unit]\nscript = \"no.py\"\n", 4,
+         "the script 'folder/no.py' cannot be read: No such file"},
         {package + "[unit.parameters]\nA = { b = 1 }\n", 4, "parameter 'A' is to be a number"},
-        {package + "[unit.parameters]\nA = [1, \"b\"]\n", 4, "parameter 'A': an array holds numbers, not a text"},
-        {"[package]\nmodel = \"NRTL\"\ncompounds = [\"water\"]\n", 2, "unknown model 'NRTL'; known: 'Peng-Robinson'"},
+        {package + "[unit.parameters]\nA = [1, \"b\"]\n", 4,
+         "parameter 'A': an array holds numbers, not a text"},
+        {"[package]\nmodel = \"NRTL\"\ncompounds = [\"water\"]\n", 2,
+         "unknown model 'NRTL'; known: 'Peng-Robinson'"},
         {"[package]\n", 1, "[package] has no 'compounds'"},
         {"[package]\ncompounds = []\n", 2, "'compounds' is empty"},
         {"[package]\ncompounds = [\"methane\",\n\"metane\"]\n", 3, "metane"},
         {"[package]\ncompounds = [\"methane\", \"methane\"]\n", 2, "methane"},
-        {package + "[[package.interaction]]\npair = [\"methane\"]\nkij = 1\n", 4, "'pair' is to name two compounds"},
+        {package + "[[package.interaction]]\npair = [\"methane\"]\nkij = 1\n", 4,
+         "'pair' is to name two compounds"},
         {package + "[streams.Feed]\ntemprature = 3\n", 4,
          "unknown key 'temprature' in [streams.Feed], did you mean 'temperature'?"},
         {package + "[streams.Feed]\npressure = 1e5\n", 3, "[streams.Feed] has 1 of the conditions"},
@@ -116,12 +126,15 @@ TEST_CASE("A wrong case file is refused with its line and the way out") {
         {stream + "composition = { methane = 0.9, propane = 0.100002 }\n", 7, "add up to 1.000002, not to 1"},
         {stream + "composition = { methane = 1.1, propane = -0.1 }\n", 7,
          "the mole fraction of 'propane' is -0.1, which is negative"},
-        {stream + "composition = { methane = 0.5, butane = 0.5 }\n", 7, "the package has no compound 'butane'"},
+        {stream + "composition = { methane = 0.5, butane = 0.5 }\n", 7,
+         "the package has no compound 'butane'"},
         {stream + "composition = { methane = 0.5, propan = 0.5 }\n", 7, "did you mean 'propane'?"},
-        {stream + "composition = { methane = 0.5, CH4 = 0.5 }\n", 7, "compound 'methane' stands in 'composition' twice"},
+        {stream + "composition = { methane = 0.5, CH4 = 0.5 }\n", 7,
+         "compound 'methane' stands in 'composition' twice"},
         {stream + "composition = [1]\n", 7, "1 fractions for 2 compounds"},
         {stream + "composition = { methane = nan }\n", 7, "which is no amount"},
-        {package + "[streams.F]\ntemperature = -5\npressure = 1\n", 4, "'temperature' is -5, which is not positive"},
+        {package + "[streams.F]\ntemperature = -5\npressure = 1\n", 4,
+         "'temperature' is -5, which is not positive"},
         {package + "[streams.F]\ntemperature = \"5\"\n", 4, "'temperature' is to be a number, not a text"},
         {package + "[streams.F]\ntemperature = 300\nenthalpy = 1\n", 3, "temperature and enthalpy together"},
         {package + "[streams.F]\ntemperature = 300\npressure = 1\nflow_rate = -1\n", 6, "'flow_rate' is -1"},
@@ -138,5 +151,6 @@ TEST_CASE("A setting of the command line is a name and a raw value") {
     const CaseParameter setting = readSetting(" Heat Duty = 5e4=x ");
     CHECK(setting.name == "Heat Duty");
     CHECK(std::get<RawText>(setting.value).text == "5e4=x");
-    for (const char* wrong : {"Heat Duty", "=3", ""}) CHECK_THROWS_WITH_AS(readSetting(wrong), doctest::Contains("NAME=VALUE"), CaseError);
+    for (const char* wrong : {"Heat Duty", "=3", ""})
+        CHECK_THROWS_WITH_AS(readSetting(wrong), doctest::Contains("NAME=VALUE"), CaseError);
 }

@@ -55,8 +55,8 @@ std::vector<std::string> TestFolder::names() const {
     return result;
 }
 
-Finished orvane(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
-                const std::function<void(pid_t)>& meanwhile) {
+Finished command(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
+                 const std::function<void(pid_t)>& meanwhile) {
     const TestFolder folder;
     std::vector<std::string> words = {ORVANE_BIN "/orvane"};
     words.insert(words.end(), arguments.begin(), arguments.end());
@@ -76,8 +76,8 @@ Finished orvane(const std::vector<std::string>& arguments, const std::vector<std
         return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     };
     pid_t process = 0;
-    const int failed =
-        posix_spawn(&process, words[0].c_str(), &actions, nullptr, pointers(words).data(), pointers(variables).data());
+    const int failed = posix_spawn(&process, words[0].c_str(), &actions, nullptr, pointers(words).data(),
+                                   pointers(variables).data());
     posix_spawn_file_actions_destroy(&actions);
     if (failed) throw std::runtime_error("cannot start " + words[0]);
     if (meanwhile) meanwhile(process);
@@ -88,7 +88,8 @@ Finished orvane(const std::vector<std::string>& arguments, const std::vector<std
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
     const double seconds = elapsed();
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), contentOf(out), contentOf(error), seconds};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), contentOf(out),
+            contentOf(error), seconds};
 }
 
 }  // namespace orvane::host

@@ -28,15 +28,15 @@ private:
 };
 
 struct Finished {
-    int exitCode;     ///< 128 + signal when a signal ended it
+    int exitCode;  ///< 128 + signal when a signal ended it
     std::string out;
     std::string error;
     double seconds;
 };
 
-/// Runs orvane to its end. `environment` are "NAME=VALUE" beside those of the test; `meanwhile` gets the process, once it
-/// is running. After a minute the process is killed.
-Finished orvane(const std::vector<std::string>& arguments, const std::vector<std::string>& environment = {},
-                const std::function<void(pid_t)>& meanwhile = nullptr);
+/// Runs orvane to its end. `environment` are "NAME=VALUE" beside those of the test; `meanwhile` gets the
+/// process, once it is running. After a minute the process is killed.
+Finished command(const std::vector<std::string>& arguments, const std::vector<std::string>& environment = {},
+                 const std::function<void(pid_t)>& meanwhile = nullptr);
 
 }  // namespace orvane::host

@@ -1,7 +1,6 @@
 // The material object as a unit sees it: what it holds, what a flash leaves on it, what it refuses.
 #include "tests/host/TestMaterial.h"
 
-
 #include <cmath>
 #include <doctest/doctest.h>
 #include <numeric>
@@ -33,7 +32,8 @@ TEST_CASE("A flash leaves on the material what the package finds") {
         double temperature, pressure;
         Texts phases;
     };
-    for (const Row& row : {Row{300, 20e5, {"Vapor", "Liquid"}}, Row{400, 1e5, {"Vapor"}}, Row{250, 100e5, {"Liquid"}}}) {
+    for (const Row& row :
+         {Row{300, 20e5, {"Vapor", "Liquid"}}, Row{400, 1e5, {"Vapor"}}, Row{250, 100e5, {"Liquid"}}}) {
         CAPTURE(row.temperature);
         material.flash(feed, row.temperature, row.pressure);
         const auto expected = package->equilibrium({ConditionKind::temperature, row.temperature},
@@ -42,7 +42,8 @@ TEST_CASE("A flash leaves on the material what the package finds") {
         REQUIRE(expected.phases.size() == row.phases.size());
         for (std::size_t i = 0; i < row.phases.size(); ++i) {
             CHECK(material.statuses().at(i) == 1);
-            CHECK(material.of(row.phases[i], "phaseFraction", "mole") == std::vector{expected.phases[i].fraction});
+            CHECK(material.of(row.phases[i], "phaseFraction", "mole") ==
+                  std::vector{expected.phases[i].fraction});
             CHECK(material.of(row.phases[i], "fraction", "mole") == expected.phases[i].composition);
             CHECK(material.of(row.phases[i], "temperature") == std::vector{row.temperature});
             CHECK(material.of(row.phases[i], "pressure") == std::vector{row.pressure});
@@ -62,8 +63,10 @@ TEST_CASE("A flash at the enthalpy or entropy of a state finds that state, in ei
             material.setOverall(property, "mole", {value});
             material.setPresent({"Vapor", "Liquid"});
             const TestMaterial::Specification by = {property, "mole", "overall"};
-            if (pressureFirst) material.equilibrium(TestMaterial::byPressure, by);
-            else material.equilibrium(by, TestMaterial::byPressure);
+            if (pressureFirst)
+                material.equilibrium(TestMaterial::byPressure, by);
+            else
+                material.equilibrium(by, TestMaterial::byPressure);
             return material.overall("temperature").at(0);
         };
         CHECK(again("enthalpy", enthalpy, true) == Approx(temperature).epsilon(1e-8));
@@ -91,7 +94,8 @@ TEST_CASE("Mass and mole bases are of one state") {
         CHECK(material.of(phase, "enthalpy", "mass").at(0) * m ==
               Approx(material.of(phase, "enthalpy", "mole").at(0)).epsilon(1e-5));
         for (const char* basis : {"mole", "mass"}) {
-            CHECK(material.of(phase, "volume", basis).at(0) * material.of(phase, "density", basis).at(0) == Approx(1));
+            CHECK(material.of(phase, "volume", basis).at(0) * material.of(phase, "density", basis).at(0) ==
+                  Approx(1));
         }
         CHECK(material.of(phase, "density", "mass").at(0) ==
               Approx(m * material.of(phase, "density", "mole").at(0)).epsilon(1e-5));
@@ -101,7 +105,8 @@ TEST_CASE("Mass and mole bases are of one state") {
     CHECK(vaporMass < material.of("Vapor", "phaseFraction", "mole").at(0));
 
     const auto flows = material.overall("flow", "mass");
-    CHECK(std::accumulate(flows.begin(), flows.end(), 0.0) == Approx(material.overall("totalFlow", "mass").at(0)));
+    CHECK(std::accumulate(flows.begin(), flows.end(), 0.0) ==
+          Approx(material.overall("totalFlow", "mass").at(0)));
     const auto ofVapor = material.of("Vapor", "flow", "mole");
     const auto ofLiquid = material.of("Liquid", "flow", "mole");
     for (std::size_t i = 0; i < 3; ++i) CHECK(ofVapor[i] + ofLiquid[i] == Approx(7 * feed[i]));
@@ -114,22 +119,27 @@ TEST_CASE("Mass and mole bases are of one state") {
     SUBCASE("set by mass flows") { other.setOverall("flow", "mass", flows); }
     SUBCASE("set by mole flows") { other.setOverall("flow", "mole", material.overall("flow", "mole")); }
     CHECK(other.overall("totalFlow", "mole").at(0) == Approx(7).epsilon(1e-12));
-    for (std::size_t i = 0; i < 3; ++i) CHECK(other.overall("fraction", "mole").at(i) == Approx(feed[i]).epsilon(1e-12));
+    for (std::size_t i = 0; i < 3; ++i)
+        CHECK(other.overall("fraction", "mole").at(i) == Approx(feed[i]).epsilon(1e-12));
 }
 
 TEST_CASE("What was neither set nor calculated is an error that names property and owner") {
     const TestMaterial material;
     CHECK(errorOf([&] { material.overall("temperature"); }).find("'temperature' of the overall mixture") !=
           std::string::npos);
-    CHECK(errorOf([&] { material.of("Liquid", "temperature"); }).find("'Liquid' is not present") != std::string::npos);
+    CHECK(errorOf([&] { material.of("Liquid", "temperature"); }).find("'Liquid' is not present") !=
+          std::string::npos);
     material.setPresent({"Vapor"});
     CHECK(errorOf([&] { material.of("Vapor", "enthalpy", "mole"); }).find("'enthalpy' of phase 'Vapor'") !=
           std::string::npos);
-    CHECK(errorOf([&] { material.calculate({"enthalpy"}, "Vapor"); }).find("'temperature' of phase 'Vapor'") !=
-          std::string::npos);
+    CHECK(errorOf([&] {
+              material.calculate({"enthalpy"}, "Vapor");
+          }).find("'temperature' of phase 'Vapor'") != std::string::npos);
     material.setOverall("totalFlow", "mole", {1});
-    CHECK(errorOf([&] { material.overall("totalFlow", "mass"); }).find("the composition") != std::string::npos);
-    CHECK(errorOf([&] { material.overall("temperature"); }).find("material object 'S1'") != std::string::npos);
+    CHECK(errorOf([&] { material.overall("totalFlow", "mass"); }).find("the composition") !=
+          std::string::npos);
+    CHECK(errorOf([&] { material.overall("temperature"); }).find("material object 'S1'") !=
+          std::string::npos);
 }
 
 TEST_CASE("A wrong value is refused, says what is wrong, and leaves the old one") {
@@ -168,9 +178,11 @@ TEST_CASE("A wrong value is refused, says what is wrong, and leaves the old one"
     CHECK(material.overall("fraction", "mole").at(1) == Approx(0.3));
     CHECK(material.statuses() == std::vector{1, 1});
 
-    CHECK(errorOf([&] { material.of("Solid", "temperature"); }).find("unknown phase 'Solid'") != std::string::npos);
-    CHECK(errorOf([&] { material.setOf("Vapor", "flow", "mole", {1, 2, 3}); }).find("follows from") !=
+    CHECK(errorOf([&] { material.of("Solid", "temperature"); }).find("unknown phase 'Solid'") !=
           std::string::npos);
+    CHECK(errorOf([&] {
+              material.setOf("Vapor", "flow", "mole", {1, 2, 3});
+          }).find("follows from") != std::string::npos);
 }
 
 TEST_CASE("Names are found whatever their letter case") {
@@ -200,7 +212,8 @@ TEST_CASE("What was calculated from an old state does not outlive it") {
     SUBCASE("a flash that fails leaves no phases") {
         material.setOverall("enthalpy", "mole", {1e12});
         material.setPresent({"Vapor", "Liquid"});
-        CHECK(errorOf([&] { material.equilibrium(TestMaterial::byPressure, TestMaterial::byEnthalpy); }) != "");
+        CHECK(errorOf([&] { material.equilibrium(TestMaterial::byPressure, TestMaterial::byEnthalpy); }) !=
+              "");
         CHECK(material.present().empty());
     }
     SUBCASE("the enthalpy that specified a flash goes with the next one") {
@@ -221,8 +234,8 @@ TEST_CASE("What was calculated from an old state does not outlive it") {
 TEST_CASE("A flash that the package does not have is refused and asks to be told so") {
     const TestMaterial material;
     material.flash(feed, 300, 20e5);
-    const auto supported = [&](const TestMaterial::Specification& first, const TestMaterial::Specification& second,
-                               const std::string& solutionType) {
+    const auto supported = [&](const TestMaterial::Specification& first,
+                               const TestMaterial::Specification& second, const std::string& solutionType) {
         COBIA::CapeBoolean result = 2;
         COBIA::call<&TestMaterial::Equilibrium::Table::CheckEquilibriumSpec>(
             COBIA::query<TestMaterial::Equilibrium>(material.material), COBIA::StringArray(first).in(),
@@ -242,17 +255,20 @@ TEST_CASE("A flash that the package does not have is refused and asks to be told
           std::string::npos);
     CHECK(flash({"pressure", "", "Vapor"}, "unspecified").find("not of 'Vapor'") != std::string::npos);
     CHECK(flash({"pressure"}, "unspecified").find("property, basis and phase") != std::string::npos);
-    CHECK(flash(TestMaterial::byPressure, "retrograde").find("solution type 'retrograde'") != std::string::npos);
+    CHECK(flash(TestMaterial::byPressure, "retrograde").find("solution type 'retrograde'") !=
+          std::string::npos);
     material.setPresent({"Vapor"});
-    CHECK(flash(TestMaterial::byPressure, "unspecified").find("'Liquid' is not declared present") != std::string::npos);
+    CHECK(flash(TestMaterial::byPressure, "unspecified").find("'Liquid' is not declared present") !=
+          std::string::npos);
 }
 
 TEST_CASE("A copy holds what its source held, and lives on its own") {
     const TestMaterial source;
     source.flash(feed, 300, 20e5);
     source.calculate({"enthalpy"}, "Liquid");
-    const TestMaterial copy(COBIA::obtain<TestMaterial::Material, &TestMaterial::Material::Table::CreateMaterial>(
-        source.material.get()));
+    const TestMaterial copy(
+        COBIA::obtain<TestMaterial::Material, &TestMaterial::Material::Table::CreateMaterial>(
+            source.material.get()));
     CHECK(copy.present().empty());
     const auto copyFrom = [&](const TestMaterial& from) {
         COBIA::call<&TestMaterial::Material::Table::CopyFromMaterial>(copy.material, from.material.get());
@@ -263,8 +279,9 @@ TEST_CASE("A copy holds what its source held, and lives on its own") {
     CHECK(copy.statuses() == std::vector{1, 1});
     CHECK(copy.of("Liquid", "enthalpy", "mole") == source.of("Liquid", "enthalpy", "mole"));
 
-    CHECK(errorOf([&] { copyFrom(TestMaterial({"methane", "propane"})); }).find("other compounds") !=
-          std::string::npos);
+    CHECK(errorOf([&] {
+              copyFrom(TestMaterial({"methane", "propane"}));
+          }).find("other compounds") != std::string::npos);
     CHECK(copy.overall("temperature") == std::vector{300.0});
 }
 
@@ -297,7 +314,8 @@ TEST_CASE("Phase properties hold the laws that bind them") {
     }
     // Without a basis where there is one, and the other way round.
     CHECK(errorOf([&] { material.of("Vapor", "enthalpy"); }).find("has no basis ''") != std::string::npos);
-    CHECK(errorOf([&] { material.of("Vapor", "fugacity", "mole"); }).find("it takes an empty one") != std::string::npos);
+    CHECK(errorOf([&] { material.of("Vapor", "fugacity", "mole"); }).find("it takes an empty one") !=
+          std::string::npos);
 }
 
 TEST_CASE("Entropy and enthalpy from the elements agree with the tabulated standard state") {
@@ -309,7 +327,8 @@ TEST_CASE("Entropy and enthalpy from the elements agree with the tabulated stand
           Approx(propane.idealGasFormationEnthalpy).epsilon(1e-4));
     // An ideal gas at 1000 Pa, 100 times thinner than at the standard pressure of 100 kPa.
     CHECK(material.of("Vapor", "entropyF", "mole").at(0) ==
-          Approx(propane.idealGasAbsoluteEntropy + orvane::package::gasConstant * std::log(100.0)).epsilon(1e-4));
+          Approx(propane.idealGasAbsoluteEntropy + orvane::package::gasConstant * std::log(100.0))
+              .epsilon(1e-4));
 }
 
 TEST_CASE("K-values at equilibrium are the ratio of the compositions, in the order that was asked for") {
@@ -333,7 +352,9 @@ TEST_CASE("K-values at equilibrium are the ratio of the compositions, in the ord
         CHECK(down[i] == Approx(y[i] / x[i]).epsilon(1e-7));
         CHECK(up[i] == Approx(x[i] / y[i]).epsilon(1e-7));
     }
-    CHECK(errorOf([&] { kvalues({"Vapor", "Liquid"}, {"Liquid", "Vapor"}); }).find("neither set") != std::string::npos);
+    CHECK(errorOf([&] {
+              kvalues({"Vapor", "Liquid"}, {"Liquid", "Vapor"});
+          }).find("neither set") != std::string::npos);
     CHECK(errorOf([&] { kvalues({"Vapor", "Vapor"}, {}); }).find("twice") != std::string::npos);
 }
 
@@ -365,7 +386,8 @@ TEST_CASE("One object answers for all interfaces of a material, and for no other
     CHECK(COBIA::query<COBIA::ICapeThermoEquilibriumRoutine>(material.material));
     CHECK(!COBIA::query<COBIA::ICapeUnit>(material.material));
     const auto identity = COBIA::query<COBIA::ICapeInterface>(material.material);
-    CHECK(COBIA::query<COBIA::ICapeInterface>(COBIA::query<COBIA::ICapeThermoPhases>(material.material)) == identity);
+    CHECK(COBIA::query<COBIA::ICapeInterface>(COBIA::query<COBIA::ICapeThermoPhases>(material.material)) ==
+          identity);
     const auto identification = COBIA::query<COBIA::ICapeIdentification>(material.material);
     CHECK(COBIA::text<&COBIA::ICapeIdentification::Table::getComponentName>(identification.get()) == "S1");
 }

@@ -21,8 +21,9 @@ struct Constants {
 Constants constants(const TestMaterial& material, const Texts& properties, const Texts& compounds) {
     ValueArray values;
     CapeBoolean missing = 2;
-    call<&Compounds::Table::GetCompoundConstant>(query<Compounds>(material.material), StringArray(properties).in(),
-                                                 StringArray(compounds).in(), &missing, values.out());
+    call<&Compounds::Table::GetCompoundConstant>(query<Compounds>(material.material),
+                                                 StringArray(properties).in(), StringArray(compounds).in(),
+                                                 &missing, values.out());
     Constants result{{}, missing == 1};
     for (std::size_t i = 0; i < values.size(); ++i) result.values.push_back(values[i].content());
     return result;
@@ -51,7 +52,8 @@ TEST_CASE("The compound list gives six columns of one length, in the order of th
 
 TEST_CASE("Constants come by property first, for the compounds that were asked for or for all") {
     const TestMaterial material;
-    const auto two = constants(material, {"chemicalFormula", "CriticalTemperature"}, {"N-Pentane", "methane"});
+    const auto two =
+        constants(material, {"chemicalFormula", "CriticalTemperature"}, {"N-Pentane", "methane"});
     REQUIRE(two.values.size() == 4);
     CHECK(std::get<std::string>(two.values[0]) == "C5H12");
     CHECK(std::get<std::string>(two.values[1]) == "CH4");
@@ -74,8 +76,9 @@ TEST_CASE("The ideal gas heat capacity is the slope of the ideal gas enthalpy") 
     const auto property = [&](const char* name, double temperature) {
         RealArray values;
         CapeBoolean missing = 2;
-        call<&Compounds::Table::GetTDependentProperty>(query<Compounds>(material.material), StringArray({name}).in(),
-                                                       temperature, StringArray().in(), &missing, values.out());
+        call<&Compounds::Table::GetTDependentProperty>(query<Compounds>(material.material),
+                                                       StringArray({name}).in(), temperature,
+                                                       StringArray().in(), &missing, values.out());
         CHECK(missing == 0);
         return std::vector<double>(values.view().begin(), values.view().end());
     };
@@ -83,9 +86,11 @@ TEST_CASE("The ideal gas heat capacity is the slope of the ideal gas enthalpy") 
     const auto below = property("idealGasEnthalpy", 399.9);
     const auto capacity = property("idealGasHeatCapacity", 400);
     REQUIRE(capacity.size() == 3);
-    for (std::size_t i = 0; i < 3; ++i) CHECK(capacity[i] == Approx((above[i] - below[i]) / 0.2).epsilon(1e-6));
+    for (std::size_t i = 0; i < 3; ++i)
+        CHECK(capacity[i] == Approx((above[i] - below[i]) / 0.2).epsilon(1e-6));
     CHECK(errorOf([&] { property("vaporPressure", 400); }).find("'vaporPressure'") != std::string::npos);
-    CHECK(errorOf([&] { property("idealGasEntropy", -1); }).find("not a positive number") != std::string::npos);
+    CHECK(errorOf([&] { property("idealGasEntropy", -1); }).find("not a positive number") !=
+          std::string::npos);
 }
 
 TEST_CASE("The phases are a vapour and a liquid, without a key compound") {
@@ -98,7 +103,8 @@ TEST_CASE("The phases are a vapour and a liquid, without a key compound") {
     CHECK(keys.utf8() == Texts{"", ""});
     const auto info = [&](const char* phase, const char* attribute) {
         ValueObject value;
-        call<&Phases::Table::GetPhaseInfo>(phases, StringObject(phase).in(), StringObject(attribute).in(), value.out());
+        call<&Phases::Table::GetPhaseInfo>(phases, StringObject(phase).in(), StringObject(attribute).in(),
+                                           value.out());
         return value.content();
     };
     CHECK(std::get<std::string>(info("Liquid", "StateOfAggregation")) == "Liquid");

@@ -1,6 +1,6 @@
 // What a unit writes into the store comes back from it.
-#include "cobia/Call.h"
 #include "host/PersistStore.h"
+#include "cobia/Call.h"
 
 #include <doctest/doctest.h>
 
@@ -17,7 +17,8 @@ template <auto slot, class Value> Value get(ICapePersistReader* reader, const ch
     return value;
 }
 
-template <auto slot, class Array> std::vector<typename Array::Element> getArray(ICapePersistReader* reader, const char* name) {
+template <auto slot, class Array>
+std::vector<typename Array::Element> getArray(ICapePersistReader* reader, const char* name) {
     Array values;
     call<slot>(reader, StringObject(name).in(), values.out());
     return {values.view().begin(), values.view().end()};
@@ -27,7 +28,8 @@ CapeResult codeOf(auto&& body) {
     try {
         body();
         return noError;
-    } catch (const cape_open_error& error) {
+    }
+    catch (const cape_open_error& error) {
         return error.code();
     }
 }
@@ -65,7 +67,8 @@ TEST_CASE("Each kind of value comes back as it was written, under its name") {
     CHECK(std::get<double>(read.content()) == 2.5);
     CHECK(getArray<&Reader::GetArrayReal, RealArray>(reader, "reals") == std::vector{1.0, 2.0});
     CHECK(getArray<&Reader::GetArrayInteger, IntegerArray>(reader, "integers") == std::vector{3, 4});
-    CHECK(getArray<&Reader::GetArrayBoolean, BooleanArray>(reader, "booleans") == std::vector<CapeBoolean>{1, 0});
+    CHECK(getArray<&Reader::GetArrayBoolean, BooleanArray>(reader, "booleans") ==
+          std::vector<CapeBoolean>{1, 0});
     StringArray strings;
     call<&Reader::GetArrayString>(reader, name("strings").in(), strings.out());
     CHECK(strings.utf8() == std::vector<std::string>{"a", ""});
@@ -74,8 +77,9 @@ TEST_CASE("Each kind of value comes back as it was written, under its name") {
 
     StringArray names;
     call<&Reader::getValueNames>(reader, names.out());
-    const std::vector<std::string> expected = {"real",  "integer",  "boolean",  "string",  "enumeration",  "value",
-                                               "reals", "integers", "booleans", "strings", "enumerations", "bytes"};
+    const std::vector<std::string> expected = {"real",        "integer", "boolean",      "string",
+                                               "enumeration", "value",   "reals",        "integers",
+                                               "booleans",    "strings", "enumerations", "bytes"};
     REQUIRE(names.utf8() == expected);
     const int types[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12};
     for (std::size_t i = 0; i < expected.size(); ++i) {

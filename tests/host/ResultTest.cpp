@@ -47,8 +47,9 @@ TEST_CASE("The JSON result has every key, reals that come back exactly, and null
 
     std::vector<std::string> keys;
     for (const auto& [key, value] : json.items()) keys.push_back(key);
-    CHECK(keys == std::vector<std::string>{"valid", "message", "success", "error", "output", "warnings", "parameters",
-                                           "streams", "energy", "information", "reports", "elapsed_seconds"});
+    CHECK(keys == std::vector<std::string>{"valid", "message", "success", "error", "output", "warnings",
+                                           "parameters", "streams", "energy", "information", "reports",
+                                           "elapsed_seconds"});
     CHECK(json["valid"] == true);
     CHECK(json["output"] == "printed\xef\xbf\xbd");
     CHECK(json["parameters"]["Heat Duty"].get<double>() == 5e4);
@@ -136,8 +137,9 @@ TEST_CASE("Units are written as people write them") {
         std::vector<double> exponents;
         const char* text;
     };
-    for (const Row& row : {Row{{2, 1, -3}, "W"}, Row{{0, 0, 0, 0, 1, 0, 0, 0, 1}, "K"}, Row{{2, 1, -2, 0, 0, -1}, "J/mol"},
-                           Row{{}, ""}, Row{{1.5, 0, -2}, "m1.5 s-2"}, Row{{0, 1, 0, 2, 0, 0, 1}, "kg A2 cd"}}) {
+    for (const Row& row :
+         {Row{{2, 1, -3}, "W"}, Row{{0, 0, 0, 0, 1, 0, 0, 0, 1}, "K"}, Row{{2, 1, -2, 0, 0, -1}, "J/mol"},
+          Row{{}, ""}, Row{{1.5, 0, -2}, "m1.5 s-2"}, Row{{0, 1, 0, 2, 0, 0, 1}, "kg A2 cd"}}) {
         CHECK(unitText(row.exponents) == row.text);
     }
     CHECK(isPower(std::vector<double>{2, 1, -3, 0}));

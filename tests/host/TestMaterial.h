@@ -37,16 +37,19 @@ public:
                                                       COBIA::StringObject(basis).in(), result.out());
         return {result.view().begin(), result.view().end()};
     }
-    std::vector<double> of(const std::string& phase, const std::string& property, const std::string& basis = "") const {
+    std::vector<double> of(const std::string& phase, const std::string& property,
+                           const std::string& basis = "") const {
         COBIA::RealArray result;
         COBIA::call<&Material::Table::GetSinglePhaseProp>(material, COBIA::StringObject(property).in(),
                                                           COBIA::StringObject(phase).in(),
                                                           COBIA::StringObject(basis).in(), result.out());
         return {result.view().begin(), result.view().end()};
     }
-    void setOverall(const std::string& property, const std::string& basis, const std::vector<double>& values) const {
+    void setOverall(const std::string& property, const std::string& basis,
+                    const std::vector<double>& values) const {
         COBIA::call<&Material::Table::SetOverallProp>(material, COBIA::StringObject(property).in(),
-                                                      COBIA::StringObject(basis).in(), COBIA::RealView(values).in());
+                                                      COBIA::StringObject(basis).in(),
+                                                      COBIA::RealView(values).in());
     }
     void setOf(const std::string& phase, const std::string& property, const std::string& basis,
                const std::vector<double>& values) const {
@@ -69,7 +72,8 @@ public:
     }
     void setPresent(const std::vector<std::string>& labels) const {
         const COBIA::EnumerationArray status(std::vector<COBIA::CapeEnumeration>(labels.size()));
-        COBIA::call<&Material::Table::SetPresentPhases>(material, COBIA::StringArray(labels).in(), status.in());
+        COBIA::call<&Material::Table::SetPresentPhases>(material, COBIA::StringArray(labels).in(),
+                                                        status.in());
     }
 
     void calculate(const std::vector<std::string>& properties, const std::string& phase) const {
@@ -82,8 +86,8 @@ public:
     void equilibrium(const Specification& first, const Specification& second,
                      const std::string& solutionType = "unspecified") const {
         COBIA::call<&Equilibrium::Table::CalcEquilibrium>(
-            COBIA::query<Equilibrium>(material), COBIA::StringArray(first).in(), COBIA::StringArray(second).in(),
-            COBIA::StringObject(solutionType).in());
+            COBIA::query<Equilibrium>(material), COBIA::StringArray(first).in(),
+            COBIA::StringArray(second).in(), COBIA::StringObject(solutionType).in());
     }
 
     /// Sets everything that a flash at temperature and pressure takes, and flashes.
@@ -108,7 +112,8 @@ template <class Body> std::string errorOf(Body&& body) {
     try {
         body();
         return "";
-    } catch (const COBIA::cape_open_error& error) {
+    }
+    catch (const COBIA::cape_open_error& error) {
         return error.what();
     }
 }

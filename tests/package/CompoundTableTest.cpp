@@ -35,9 +35,17 @@ TEST_CASE("Every compound of the table has plausible constants") {
 
 TEST_CASE("A compound is found by id, name, formula or CAS number in any letter case") {
     const auto& table = CompoundTable::instance();
-    struct { const char *text, *id; } const rows[] = {
-        {"methane", "methane"},   {"METHANE", "methane"},         {"ch4", "methane"}, {"74-82-8", "methane"},
-        {"Carbon Dioxide", "carbon-dioxide"}, {"1,3-Butadiene", "1-3-butadiene"}, {"h2o", "water"}, {"C12H26", "n-dodecane"},
+    struct {
+        const char *text, *id;
+    } const rows[] = {
+        {"methane", "methane"},
+        {"METHANE", "methane"},
+        {"ch4", "methane"},
+        {"74-82-8", "methane"},
+        {"Carbon Dioxide", "carbon-dioxide"},
+        {"1,3-Butadiene", "1-3-butadiene"},
+        {"h2o", "water"},
+        {"C12H26", "n-dodecane"},
     };
     for (const auto& row : rows) {
         CAPTURE(row.text);
@@ -67,6 +75,6 @@ TEST_CASE("Interaction parameters are symmetric and zero where none is known") {
     CHECK(table.interaction("n-decane", "nitrogen") == 0.1122);
     CHECK(table.interaction("water", "ethanol") == 0);
     CHECK_FALSE(table.hasInteraction("water", "ethanol"));
-    CHECK(table.hasInteraction("propane", "n-octane")); // known to be 0
+    CHECK(table.hasInteraction("propane", "n-octane"));  // known to be 0
     CHECK(table.interaction("propane", "n-octane") == 0);
 }

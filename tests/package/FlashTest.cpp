@@ -1,5 +1,5 @@
-// Phases at a temperature and pressure: published equilibria, the laws of equilibrium, and a slow independent search
-// for phases that the flash may have missed.
+// Phases at a temperature and pressure: published equilibria, the laws of equilibrium, and a slow independent
+// search for phases that the flash may have missed.
 #include "package/Flash.h"
 #include "tests/package/Mixtures.h"
 
@@ -24,8 +24,8 @@ double gibbs(const PengRobinson& equation, double T, double P, const Fractions& 
     return sum;
 }
 
-// Lowest tangent plane distance that plain successive substitution finds from a start at each compound, from vapour
-// and liquid like starts and from the ideal gas: the slow way, by other code than the flash's.
+// Lowest tangent plane distance that plain successive substitution finds from a start at each compound, from
+// vapour and liquid like starts and from the ideal gas: the slow way, by other code than the flash's.
 double lowestTangentPlaneDistance(const PengRobinson& equation, double T, double P, const Fractions& z) {
     const std::size_t n = z.size();
     const auto lnPhi = equation.lnPhi(T, P, z, Root::stable);
@@ -34,8 +34,8 @@ double lowestTangentPlaneDistance(const PengRobinson& equation, double T, double
         Fractions W(n);
         for (std::size_t i = 0; i < n; ++i) {
             const auto& c = equation.compounds()[i];
-            const double wilson = std::log(c.criticalPressure / P)
-                                  + 5.373 * (1 + c.acentricFactor) * (1 - c.criticalTemperature / T);
+            const double wilson = std::log(c.criticalPressure / P) +
+                                  5.373 * (1 + c.acentricFactor) * (1 - c.criticalTemperature / T);
             W[i] = start < n        ? (i == start ? 1 : 1e-6)
                    : start == n     ? z[i] * std::exp(std::min(wilson, 50.0))
                    : start == n + 1 ? z[i] * std::exp(std::min(-wilson, 50.0))
@@ -94,16 +94,19 @@ void checkEquilibrium(const PengRobinson& equation, const Equilibrium& result, c
             CHECK(x == 0);
             CHECK(y == 0);
         } else if (std::min(x, y) > 1e-200)
-            CHECK(std::log(y) + inVapor[i] - std::log(x) - inLiquid[i] == doctest::Approx(0).scale(1).epsilon(2e-12));
+            CHECK(std::log(y) + inVapor[i] - std::log(x) - inLiquid[i] ==
+                  doctest::Approx(0).scale(1).epsilon(2e-12));
     }
 }
 
-} // namespace
+}  // namespace
 
 // C. J. Geankoplis, Transport Processes and Unit Operations, 3rd ed. (1993), table 11.1-1, at 101.32 kPa.
 TEST_CASE("Benzene and toluene boil as published") {
     const Flash flash(mixtureOf({"benzene", "toluene"}));
-    struct { double temperature, x, y; } const rows[] = {{363.2, .581, .777}, {368.2, .411, .632}, {373.2, .258, .456}};
+    struct {
+        double temperature, x, y;
+    } const rows[] = {{363.2, .581, .777}, {368.2, .411, .632}, {373.2, .258, .456}};
     for (const auto& row : rows) {
         const double z = (row.x + row.y) / 2;
         const auto result = flash.temperaturePressure(row.temperature, 101320, Fractions{z, 1 - z});
@@ -119,7 +122,8 @@ TEST_CASE("A natural gas is in equilibrium all over its phase envelope") {
     int twoPhases = 0;
     for (double T = 130; T < 420; T += 7.3)
         for (double P = 1e4; P < 3e7; P *= 1.7) {
-            CAPTURE(T); CAPTURE(P);
+            CAPTURE(T);
+            CAPTURE(P);
             const auto result = flash.temperaturePressure(T, P, naturalGasFeed);
             checkEquilibrium(equation, result, naturalGasFeed);
             twoPhases += result.phases.size() == 2;
@@ -152,7 +156,8 @@ TEST_CASE("Phase fractions go to nothing smoothly at both ends of the two-phase 
                 } else
                     outside = T;
             }
-            CAPTURE(P); CAPTURE(inside);
+            CAPTURE(P);
+            CAPTURE(inside);
             CHECK(last < 1e-6);
         }
 }
@@ -165,14 +170,15 @@ TEST_CASE("Close to a critical point the two phases are found until they are one
     for (const double T : {290.0, 295.0, 296.0, 296.5, 297.0, 298.0}) {
         std::size_t changes = 0, before = 0;
         for (double P = 4e6; P < 1.1e7; P *= 1.002) {
-            CAPTURE(T); CAPTURE(P);
+            CAPTURE(T);
+            CAPTURE(P);
             const auto result = flash.temperaturePressure(T, P, feed);
             checkEquilibrium(equation, result, feed);
             CHECK(lowestTangentPlaneDistance(equation, T, P, result.phases.back().composition) > -1e-9);
             changes += result.phases.size() != before;
             before = result.phases.size();
         }
-        CHECK(changes <= 3); // two-phase once, not on and off
+        CHECK(changes <= 3);  // two-phase once, not on and off
     }
 }
 
@@ -191,20 +197,25 @@ TEST_CASE("Random mixtures of one to thirty compounds are in equilibrium and sta
         double sum = 0, meanTc = 0;
         for (double& z : feed) {
             const double kind = uniform(0, 1);
-            z = kind < 0.1 ? std::pow(10, uniform(-12, -2)) : kind < 0.15 && n > 1 ? 0 : -std::log(uniform(1e-9, 1));
+            z = kind < 0.1             ? std::pow(10, uniform(-12, -2))
+                : kind < 0.15 && n > 1 ? 0
+                                       : -std::log(uniform(1e-9, 1));
             sum += z;
         }
         if (sum == 0) continue;
         for (std::size_t i = 0; i < n; ++i) meanTc += (feed[i] /= sum) * compounds[i].criticalTemperature;
         const double T = std::max(60.0, meanTc * uniform(0.5, 1.2)), P = std::pow(10, uniform(3, 7.5));
-        CAPTURE(count); CAPTURE(T); CAPTURE(P);
+        CAPTURE(count);
+        CAPTURE(T);
+        CAPTURE(P);
         try {
             const auto result = Flash(equation).temperaturePressure(T, P, feed);
             checkEquilibrium(equation, result, feed);
             twoPhases += result.phases.size() == 2;
             if (n > 1 && result.warnings.empty() && *std::ranges::min_element(feed) > 0)
                 CHECK(lowestTangentPlaneDistance(equation, T, P, result.phases.back().composition) > -1e-9);
-        } catch (const LiquidLiquidSplit&) {
+        }
+        catch (const LiquidLiquidSplit&) {
             ++liquids;
         }
     }
@@ -213,7 +224,8 @@ TEST_CASE("Random mixtures of one to thirty compounds are in equilibrium and sta
 }
 
 TEST_CASE("Compounds that are absent change nothing") {
-    const Flash two(mixtureOf({"methane", "n-butane"})), four(mixtureOf({"water", "methane", "helium", "n-butane"}));
+    const Flash two(mixtureOf({"methane", "n-butane"})),
+        four(mixtureOf({"water", "methane", "helium", "n-butane"}));
     const auto small = two.temperaturePressure(270, 2e6, Fractions{.5, .5});
     const auto large = four.temperaturePressure(270, 2e6, Fractions{0, .5, 0, .5});
     REQUIRE(small.phases.size() == 2);
@@ -225,24 +237,35 @@ TEST_CASE("Compounds that are absent change nothing") {
 }
 
 TEST_CASE("A single phase is named as an engineer would") {
-    struct { std::vector<std::string> ids; Fractions feed; double temperature, pressure; PhaseKind kind; } const rows[] = {
+    struct {
+        std::vector<std::string> ids;
+        Fractions feed;
+        double temperature, pressure;
+        PhaseKind kind;
+    } const rows[] = {
         {{"water"}, {1}, 300, 1e5, PhaseKind::liquid},
         {{"water"}, {1}, 400, 1e5, PhaseKind::vapor},
-        {{"methane"}, {1}, 300, 2e7, PhaseKind::vapor}, // a pipeline's gas, far above the critical pressure
+        {{"methane"}, {1}, 300, 2e7, PhaseKind::vapor},  // a pipeline's gas, far above the critical pressure
         {{"methane"}, {1}, 120, 2e7, PhaseKind::liquid},
         {{"methane"}, {1}, 300, 1e3, PhaseKind::vapor},
         {{"n-decane"}, {1}, 300, 1e8, PhaseKind::liquid},
-        {{"propane"}, {1}, 365, 4.4e6, PhaseKind::liquid}, // below the critical temperature, above its pressure
+        {{"propane"},
+         {1},
+         365,
+         4.4e6,
+         PhaseKind::liquid},  // below the critical temperature, above its pressure
         // One root above the one-fluid critical temperature: just above the bubble pressure, and far above.
         {{"methane", "n-decane"}, {.4, .6}, 450, 2e7, PhaseKind::liquid},
         {{"methane", "n-decane"}, {.4, .6}, 450, 1e8, PhaseKind::liquid},
         {{"methane", "n-decane"}, {.98, .02}, 450, 2e7, PhaseKind::vapor},
     };
     for (const auto& row : rows) {
-        CAPTURE(row.temperature); CAPTURE(row.pressure);
+        CAPTURE(row.temperature);
+        CAPTURE(row.pressure);
         std::vector<Compound> compounds;
         for (const auto& id : row.ids) compounds.push_back(CompoundTable::instance().at(id));
-        const auto result = Flash(PengRobinson(compounds)).temperaturePressure(row.temperature, row.pressure, row.feed);
+        const auto result =
+            Flash(PengRobinson(compounds)).temperaturePressure(row.temperature, row.pressure, row.feed);
         REQUIRE(result.phases.size() == 1);
         CHECK(label(result.phases[0].kind) == label(row.kind));
     }
@@ -260,12 +283,20 @@ TEST_CASE("A second liquid is left out with a warning, two liquids alone are ref
     CHECK(result.warnings[0].find("second liquid") != std::string::npos);
     CHECK(result.warnings[0].find("n-hexane") != std::string::npos);
 
+    // The liquid left out is a liquid also where the vapour was the last phase to be found.
+    const auto cold = Flash(mixtureOf({"water", "methane", "propane", "n-hexane"}))
+                          .temperaturePressure(270, 3e6, Fractions{.2, .5, .15, .15});
+    REQUIRE(cold.warnings.size() == 1);
+    CHECK(cold.warnings[0].find("(1 water)") != std::string::npos);
+
     const Flash waterHexane(mixtureOf({"water", "n-hexane"}));
-    CHECK_THROWS_WITH_AS(waterHexane.temperaturePressure(300, 1e6, Fractions{.5, .5}), doctest::Contains("n-hexane"),
-                         LiquidLiquidSplit);
+    CHECK_THROWS_WITH_AS(waterHexane.temperaturePressure(300, 1e6, Fractions{.5, .5}),
+                         doctest::Contains("n-hexane"), LiquidLiquidSplit);
     CHECK(waterHexane.temperaturePressure(400, 1e5, Fractions{.5, .5}).vaporFraction == 1);
     // A wet gas without the heavy compound has a vapour and one liquid, and nothing to warn of.
-    CHECK(Flash(mixtureOf({"water", "methane"})).temperaturePressure(300, 3e6, Fractions{.2, .8}).warnings.empty());
+    CHECK(Flash(mixtureOf({"water", "methane"}))
+              .temperaturePressure(300, 3e6, Fractions{.2, .8})
+              .warnings.empty());
 }
 
 TEST_CASE("Flash conditions that make no sense are refused") {
@@ -277,7 +308,8 @@ TEST_CASE("Flash conditions that make no sense are refused") {
         CHECK_THROWS_AS(flash.temperaturePressure(300, wrong, feed), PackageError);
         CHECK_THROWS_AS(flash.pressureEnthalpy(wrong, 0, feed), PackageError);
     }
-    for (const auto& wrong : {Fractions{1}, Fractions{.5, .6}, Fractions{-.5, 1.5}, Fractions{nan, 1}, Fractions{0, 0}})
+    for (const auto& wrong :
+         {Fractions{1}, Fractions{.5, .6}, Fractions{-.5, 1.5}, Fractions{nan, 1}, Fractions{0, 0}})
         CHECK_THROWS_AS(flash.temperaturePressure(200, 1e6, wrong), PackageError);
     CHECK_THROWS_AS(flash.pressureEnthalpy(1e5, nan, feed), PackageError);
     CHECK_THROWS_AS(flash.pressureEntropy(1e5, nan, feed), PackageError);

@@ -34,12 +34,12 @@ inline double vaporPressure(const PengRobinson& pure, double temperature, double
     const Fractions one{1};
     double pressure = start;
     for (int step = 0; step < 100; ++step) {
-        const double difference = pure.lnPhi(temperature, pressure, one, Root::liquidLike)[0]
-                                  - pure.lnPhi(temperature, pressure, one, Root::vaporLike)[0];
+        const double difference = pure.lnPhi(temperature, pressure, one, Root::liquidLike)[0] -
+                                  pure.lnPhi(temperature, pressure, one, Root::vaporLike)[0];
         pressure *= std::exp(difference);
         if (std::abs(difference) < 1e-13) return pressure;
     }
     return std::nan("");
 }
 
-} // namespace orvane::package::test
+}  // namespace orvane::package::test

@@ -13,7 +13,9 @@ using namespace orvane::test;
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
 
 /// A unit with a feed and a product, whose Calculate is the given lines on `fd` and `pr`.
 std::string script(const std::string& body) {
@@ -101,7 +103,9 @@ TEST_CASE("A calculation that fails tells the script's error as the host's error
     TestHost host(raising);
     const Outcome outcome = host.calculateDefault();
     CHECK(outcome.code == capeOpenError);
-    CHECK(contains(outcome.text, "in ICapeUnit::Calculate of CAPE-OPEN Unit Operation using python script for calculations: "));
+    CHECK(contains(
+        outcome.text,
+        "in ICapeUnit::Calculate of CAPE-OPEN Unit Operation using python script for calculations: "));
     CHECK(contains(outcome.text, "Line 7, in Calculate"));
     CHECK(contains(outcome.text, "raise RuntimeError('too hot')"));
     const std::string report = host.lastCalculation();
@@ -127,10 +131,11 @@ TEST_CASE("What a script forgets is a warning, in the output and to the host") {
     host.stream("Product");
     REQUIRE(host.calculate().succeeded());
     CHECK(host.messages() ==
-          std::vector<std::string>{"Orvane Operation warning: Ouput parameter 'Out' was never specified",
-                                   "Orvane Operation warning: x not specified for port 'Product'",
-                                   "Orvane Operation warning: flow_rate not specified for port 'Product'",
-                                   "Orvane Operation warning: missing phase equilibrium conditions for port 'Product'"});
+          std::vector<std::string>{
+              "Orvane Operation warning: Ouput parameter 'Out' was never specified",
+              "Orvane Operation warning: x not specified for port 'Product'",
+              "Orvane Operation warning: flow_rate not specified for port 'Product'",
+              "Orvane Operation warning: missing phase equilibrium conditions for port 'Product'"});
     CHECK(contains(host.lastCalculation(), "Warning: x not specified for port 'Product'\r\n"));
 }
 
@@ -138,7 +143,8 @@ TEST_CASE("A product that cannot be flashed fails the run with the host's own er
     TestHost host(script("print('here')\npr.set(x=fd.x, flow_rate=1, t=300, enthalpy=1e12)"));
     const Outcome outcome = host.calculateDefault();
     CHECK(outcome.code == capeOpenError);
-    CHECK(contains(outcome.text, "CAPE-OPEN error, caused by: in ICapeThermoEquilibriumRoutine::CalcEquilibrium of "));
+    CHECK(contains(outcome.text,
+                   "CAPE-OPEN error, caused by: in ICapeThermoEquilibriumRoutine::CalcEquilibrium of "));
     CHECK(contains(host.lastCalculation(), "here\r\n"));
     CHECK(contains(host.lastCalculation(), "Calculation took "));
 }
@@ -222,15 +228,16 @@ TEST_CASE("Names are unique without regard to case, and declared during Configur
     };
     const char* head = "def Configure(unit):\n    M, F = unit.PortType.MATERIAL, unit.PortDirection.FEED\n"
                        "    R, I = unit.ParameterType.REAL, unit.ParameterMode.INPUT\n    ";
-    for (const Row& row : {Row{"unit.add_port('\u00c4', M, F); unit.add_port('\u00e4', M, F)", "Duplicate port name"},
-                           Row{"unit.add_port('', M, F)", "port cannot have empty name"},
-                           Row{"unit.add_parameter('A', R, I); unit.add_parameter('a', R, I)", "duplicate parameter name"},
-                           Row{"unit.add_report('A'); unit.add_report('a')", "Duplicate report name"},
-                           Row{"unit.add_report('A'); unit.add_image('a', 'f')", "A report by that name already exists"},
-                           Row{"unit.add_image('A', 'f'); unit.add_report('a')", "An image by that name already exists"},
-                           Row{"unit.add_image('A', '')", "Image cannot have empty function name"},
-                           Row{"unit.add_report('A'); unit.define_from(__import__('sys'))",
-                               "cannot call define_from after add_report"}}) {
+    for (const Row& row :
+         {Row{"unit.add_port('\u00c4', M, F); unit.add_port('\u00e4', M, F)", "Duplicate port name"},
+          Row{"unit.add_port('', M, F)", "port cannot have empty name"},
+          Row{"unit.add_parameter('A', R, I); unit.add_parameter('a', R, I)", "duplicate parameter name"},
+          Row{"unit.add_report('A'); unit.add_report('a')", "Duplicate report name"},
+          Row{"unit.add_report('A'); unit.add_image('a', 'f')", "A report by that name already exists"},
+          Row{"unit.add_image('A', 'f'); unit.add_report('a')", "An image by that name already exists"},
+          Row{"unit.add_image('A', '')", "Image cannot have empty function name"},
+          Row{"unit.add_report('A'); unit.define_from(__import__('sys'))",
+              "cannot call define_from after add_report"}}) {
         CAPTURE(row.lines);
         TestHost host(head + std::string(row.lines) + "\n");
         CHECK(contains(host.validate().message, std::string("RuntimeError: ") + row.error));

@@ -12,7 +12,8 @@ const host::ModuleLoader& module() {
 
 std::vector<package::Compound> compounds() {
     std::vector<package::Compound> result;
-    for (const char* id : {"methane", "ethane", "propane"}) result.push_back(package::CompoundTable::instance().at(id));
+    for (const char* id : {"methane", "ethane", "propane"})
+        result.push_back(package::CompoundTable::instance().at(id));
     return result;
 }
 
@@ -20,8 +21,10 @@ std::vector<package::Compound> compounds() {
 
 TestHost::TestHost(const std::optional<std::string>& script)
     : package_(std::make_shared<host::PropertyPackage>(compounds(), std::vector<package::Interaction>())),
-      context_(makeObject<host::SimulationContext>()), unit_(module().createUnit()) {
-    call<&ICapeUtilities::Table::putSimulationContext>(as<ICapeUtilities>(), context_->as<ICapeSimulationContext>());
+      context_(makeObject<host::SimulationContext>()),
+      unit_(module().createUnit()) {
+    call<&ICapeUtilities::Table::putSimulationContext>(as<ICapeUtilities>(),
+                                                       context_->as<ICapeSimulationContext>());
     if (script) load(*script);
     call<&ICapeUtilities::Table::Initialize>(as<ICapeUtilities>());
 }
@@ -75,8 +78,9 @@ CapeValidationStatus TestHost::status() {
 }
 
 std::string TestHost::lastCalculation() {
-    return text<&ICapeReport::Table::GenerateReport>(as<ICapeReport>().get(), StringObject("last calculation").in(),
-                                                     StringObject("text/plain").in(), StringObject("eng").in());
+    return text<&ICapeReport::Table::GenerateReport>(
+        as<ICapeReport>().get(), StringObject("last calculation").in(), StringObject("text/plain").in(),
+        StringObject("eng").in());
 }
 
 Ref<ICapeCollection> TestHost::ports() {

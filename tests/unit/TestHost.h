@@ -36,7 +36,8 @@ public:
     /// The stream connected to a port; made empty and connected on the first call. A feed is specified by feed().
     host::MaterialObject& stream(const std::string& port);
     /// Methane, ethane and propane at 300 K and 10 bar, 10 mol/s.
-    void feed(const std::string& port = "Feed", double flow = 10, double temperature = 300, double pressure = 1e6);
+    void feed(const std::string& port = "Feed", double flow = 10, double temperature = 300,
+              double pressure = 1e6);
     void connect(const std::string& port, ICapeInterface* object);
     void disconnect(const std::string& port);
 
@@ -50,8 +51,7 @@ public:
     Ref<ICapeCollection> ports();
     Ref<ICapeCollection> parameters();
     Ref<ICapeUnitPort> port(const std::string& name);
-    template <class I>
-    Ref<I> parameter(const std::string& name) {
+    template <class I> Ref<I> parameter(const std::string& name) {
         return query<I>(obtain<ICapeInterface, &ICapeCollection::Table::ItemByName>(parameters().get(),
                                                                                     StringObject(name).in()));
     }
@@ -62,18 +62,15 @@ public:
     Ref<host::PersistStore> save();
     std::vector<std::string> messages() const { return context_->messages(); }
 
-    template <class I>
-    Ref<I> as() {
-        return query<I>(unit_);
-    }
+    template <class I> Ref<I> as() { return query<I>(unit_); }
 
     /// Runs a body and tells how it ended.
-    template <class Body>
-    static Outcome outcome(Body&& body) {
+    template <class Body> static Outcome outcome(Body&& body) {
         try {
             body();
             return {};
-        } catch (const cape_open_error& error) {
+        }
+        catch (const cape_open_error& error) {
             return {error.code(), error.what()};
         }
     }

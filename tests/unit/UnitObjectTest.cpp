@@ -12,7 +12,9 @@ using namespace orvane::test;
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
 
 std::size_t scriptFiles() {
     std::size_t count = 0;
@@ -69,8 +71,10 @@ TEST_CASE("Collections find items by index and by name without regard to case") 
 }
 
 TEST_CASE("Two units in a process do not meet") {
-    TestHost first("value = 'first'\ndef Configure(unit):\n    pass\ndef Calculate(unit):\n    print(value)\n");
-    TestHost second("value = 'second'\ndef Configure(unit):\n    pass\ndef Calculate(unit):\n    print(value)\n");
+    TestHost first(
+        "value = 'first'\ndef Configure(unit):\n    pass\ndef Calculate(unit):\n    print(value)\n");
+    TestHost second(
+        "value = 'second'\ndef Configure(unit):\n    pass\ndef Calculate(unit):\n    print(value)\n");
     REQUIRE(first.calculate().succeeded());
     REQUIRE(second.calculate().succeeded());
     CHECK(contains(first.lastCalculation(), "first\r\n"));
@@ -111,14 +115,15 @@ TEST_CASE("A saved unit comes back with its script, values, data and texts") {
                          "    print('n', unit.private_data['n'], file=unit.reports['Sum'])\n";
     TestHost first{std::string(script)};
     call<&ICapeRealParameter::Table::putValue>(first.parameter<ICapeRealParameter>("r"), 0.1);
-    call<&ICapeBooleanParameter::Table::putValue>(first.parameter<ICapeBooleanParameter>("b"), CapeBoolean{1});
+    call<&ICapeBooleanParameter::Table::putValue>(first.parameter<ICapeBooleanParameter>("b"),
+                                                  CapeBoolean{1});
     REQUIRE(first.calculate().succeeded());
     const auto saved = first.save();
-    CHECK(saved->valueNames() == std::vector<std::string>{"python", "lastOutput", "runReportHeader", "runReportFooter",
-                                                          "parameter0", "parameter1", "parameter2", "parameter3",
-                                                          "parameter4", "parameter5", "parameterNames", "parameterTypes",
-                                                          "reportNames", "reportValues", "imageNames", "imageFunctions",
-                                                          "privateData"});
+    CHECK(saved->valueNames() ==
+          std::vector<std::string>{"python", "lastOutput", "runReportHeader", "runReportFooter", "parameter0",
+                                   "parameter1", "parameter2", "parameter3", "parameter4", "parameter5",
+                                   "parameterNames", "parameterTypes", "reportNames", "reportValues",
+                                   "imageNames", "imageFunctions", "privateData"});
     CHECK(saved->string("python") == script);
     CHECK(saved->integers("parameterTypes") == std::vector<CapeInteger>{0, 1, 2, 3, 4, 0});
     CHECK(saved->strings("reportNames") == std::vector<std::string>{"SUM"});
@@ -153,11 +158,12 @@ TEST_CASE("A state that cannot be read leaves the unit as it was; a value that c
 }
 
 TEST_CASE("Reports are listed and made by name, type and locale") {
-    TestHost host("def Configure(unit):\n    unit.add_report('Sum'); unit.add_image('Pic', 'draw'); unit.add_image('Bad', 'bad')\n"
-                  "def Calculate(unit):\n    print('1 + 1', file=unit.reports['Sum'])\n"
-                  "def draw(unit, path, width, height):\n"
-                  "    open(path, 'wb').write(b'\\x89PNG\\r\\n\\x1a\\n%dx%d' % (width, height))\n"
-                  "def bad(unit, path, width, height):\n    pass\n");
+    TestHost host(
+        "def Configure(unit):\n    unit.add_report('Sum'); unit.add_image('Pic', 'draw'); unit.add_image('Bad', 'bad')\n"
+        "def Calculate(unit):\n    print('1 + 1', file=unit.reports['Sum'])\n"
+        "def draw(unit, path, width, height):\n"
+        "    open(path, 'wb').write(b'\\x89PNG\\r\\n\\x1a\\n%dx%d' % (width, height))\n"
+        "def bad(unit, path, width, height):\n    pass\n");
     const auto reports = host.as<ICapeReport>();
     using Table = ICapeReport::Table;
     const StringObject plain("TEXT/plain"), png("image/png"), eng("ENG"), deu("deu");
@@ -165,11 +171,15 @@ TEST_CASE("Reports are listed and made by name, type and locale") {
     call<&Table::getReportNames>(reports, names.out());
     CHECK(names.utf8() == std::vector<std::string>{"Sum", "Last Calculation", "Pic", "Bad"});
     REQUIRE(host.calculate().succeeded());
-    CHECK(text<&Table::GenerateReport>(reports.get(), StringObject("sUM").in(), plain.in(), eng.in()) == "1 + 1\n");
-    for (const auto& [name, type, locale] :
-         {std::tuple{"Sum", &png, &eng}, {"Sum", &plain, &deu}, {"None", &plain, &eng}, {"Pic", &plain, &eng}})
+    CHECK(text<&Table::GenerateReport>(reports.get(), StringObject("sUM").in(), plain.in(), eng.in()) ==
+          "1 + 1\n");
+    for (const auto& [name, type, locale] : {std::tuple{"Sum", &png, &eng},
+                                             {"Sum", &plain, &deu},
+                                             {"None", &plain, &eng},
+                                             {"Pic", &plain, &eng}})
         CHECK(TestHost::outcome([&, &name = name, &type = type, &locale = locale] {
-                  text<&Table::GenerateReport>(reports.get(), StringObject(name).in(), type->in(), locale->in());
+                  text<&Table::GenerateReport>(reports.get(), StringObject(name).in(), type->in(),
+                                               locale->in());
               }).code == noSuchItem);
 
     const auto file = std::filesystem::temp_directory_path() / "orvane-test-picture.png";
@@ -179,12 +189,13 @@ TEST_CASE("Reports are listed and made by name, type and locale") {
     CHECK(std::string(std::istreambuf_iterator<char>(stream), {}) == "\x89PNG\r\n\x1a\n1024x640");
     std::filesystem::remove(file);
     const Outcome outcome = TestHost::outcome([&] {
-        call<&Table::GenerateReportFile>(reports, StringObject("Bad").in(), png.in(), eng.in(), fileName.in());
+        call<&Table::GenerateReportFile>(reports, StringObject("Bad").in(), png.in(), eng.in(),
+                                         fileName.in());
     });
     CHECK(contains(outcome.text, "function 'bad' wrote nothing to the image file"));
     CHECK_FALSE(std::filesystem::exists(file));
     CHECK(TestHost::outcome([&] {
-              call<&Table::GenerateReportFile>(reports, StringObject("Pic").in(), StringObject("image/PNG").in(), eng.in(),
-                                               fileName.in());
+              call<&Table::GenerateReportFile>(reports, StringObject("Pic").in(),
+                                               StringObject("image/PNG").in(), eng.in(), fileName.in());
           }).code == invalidArgument);
 }
