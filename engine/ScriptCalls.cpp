@@ -99,14 +99,13 @@ public:
         }
     }
 
-    /// After Calculate: what was printed into the reports, and the state of the product streams.
-    void collect(std::string& errors) {
+    /// After Calculate: what was printed into the reports.
+    void collect() {
         if (kind_ != FunctionKind::calculate) return;
         std::vector<std::pair<std::string, std::string>> texts;
         for (const auto& [name, file] : reports_)
             texts.emplace_back(name, contentOf<OutputRedirector>(file.get()).text);
         unit_.setReports(std::move(texts));
-        unit_.writeBack(content_.ports.get(), errors);
     }
 
 private:
@@ -129,7 +128,7 @@ void makeCall(ScriptedUnit& unit, const Call& call, PyObject* function, std::str
             errors += "\nFunction '" + call.function + "' should not return a value";
         warnings.tell(unit);
     }
-    dictionaries.collect(errors);
+    dictionaries.collect();
 }
 
 /// The function, or nothing when there is none to call; the reason then stands in `errors`.

@@ -94,8 +94,6 @@ public:
     virtual std::vector<std::string> declaredReports() const = 0;
     /// Takes what a calculation printed into its reports, by report name; earlier texts go.
     virtual void setReports(std::vector<std::pair<std::string, std::string>> reports) = 0;
-    /// Product ports take back the state of their object in `ports`. Each failure appends its line to `errors`.
-    virtual void writeBack(PyObject* ports, std::string& errors) = 0;
     /// Drops every hold on objects of the host, after a call.
     virtual void releaseWrappers() noexcept = 0;
 

@@ -28,7 +28,16 @@ std::string printedOutput(std::string_view report, std::string_view error) {
     std::string tail = plainLineEnds(error);
     while (tail.ends_with('\n')) tail.pop_back();
     while (text.ends_with('\n')) text.pop_back();
-    if (!tail.empty() && text.ends_with(tail)) text.resize(text.size() - tail.size());
+    // The report ends with the error as the unit had it, which is the end of the chain that the host was told.
+    for (std::size_t line = 0; line < text.size();) {
+        if (tail.ends_with(std::string_view(text).substr(line))) {
+            text.resize(line);
+            break;
+        }
+        const auto end = text.find('\n', line);
+        if (end == std::string::npos) break;
+        line = end + 1;
+    }
     while (text.ends_with('\n')) text.pop_back();
     return text;
 }

@@ -65,8 +65,6 @@ public:
     virtual void finish() {}
     /// What the script finds under the port's name in unit.ports; empty when nothing is connected. Python.
     virtual PyRef scriptObject() = 0;
-    /// Takes back the state of the object that scriptObject gave, after the script's Calculate. Python.
-    virtual void writeBack(PyObject*) {}
     /// True when the other port, of a later Configure, is this one with a new definition.
     bool sameKind(const Port& other) const {
         return portType() == other.portType() && isFeed_ == other.isFeed_;

@@ -24,7 +24,8 @@ OrvaneOperation::OrvaneOperation()
     catch (const std::exception& error) {
         scriptFileError_ = error.what();
     }
-    setScriptingTypes(allScriptingTypes());
+    // Units may be made on several threads at once.
+    [[maybe_unused]] static const bool typesNamed = (setScriptingTypes(allScriptingTypes()), true);
     if (!scriptEngine().startupError().empty()) return;
     const InterpreterLock lock;
     unitObject_ = createObject<UnitObject>(unitType, static_cast<ScriptedUnit&>(*this));

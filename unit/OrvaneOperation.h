@@ -131,7 +131,6 @@ private:
     void fillParameters(PyObject* dictionary) override;
     std::vector<std::string> declaredReports() const override { return declared_.reports; }
     void setReports(std::vector<std::pair<std::string, std::string>> reports) override;
-    void writeBack(PyObject* ports, std::string& errors) override;
     void releaseWrappers() noexcept override;
     void warn(const std::string& text) override;
 

@@ -290,19 +290,6 @@ void OrvaneOperation::setReports(std::vector<std::pair<std::string, std::string>
     for (auto& [name, text] : reports) reports_[upperCase(name)] = std::move(text);
 }
 
-void OrvaneOperation::writeBack(PyObject* ports, std::string& errors) {
-    for (const Ref<Port>& port : ports_->items()) {
-        if (port->isFeed()) continue;
-        try {
-            PyObject* object = PyDict_GetItemWithError(ports, toPython(port->name()).get());
-            if (object) port->writeBack(object);
-        }
-        catch (const std::exception& error) {
-            errors += "Error specifying outlet port \"" + port->name() + "\": " + error.what() + "\n";
-        }
-    }
-}
-
 void OrvaneOperation::releaseWrappers() noexcept {
     // One by one, since what a release sets off may destroy other holders.
     while (!holders_.empty()) {

@@ -300,11 +300,20 @@ void CaloricFlash::run() {
         }
         T = next;
     }
+    const char* const name =
+        quantity_ == CaloricQuantity::enthalpy ? "enthalpy [J/mol]" : "entropy [J/mol/K]";
+    if (!low.known || !high.known) {
+        const auto& end = low.known ? low : high;
+        throw PackageError(
+            fmt::format("no equilibrium between {} K and {} K at P = {} Pa has the {} {}: at {:.12g} K "
+                        "it still differs by {}",
+                        lowestTemperature, highestTemperature, pressure_, name, target_, end.temperature,
+                        end.difference));
+    }
     throw PackageError(fmt::format(
         "no equilibrium at P = {} Pa has the {} {}: it differs by {} at T = {:.12g} K and by {} at T = "
         "{:.12g} K{}",
-        pressure_, quantity_ == CaloricQuantity::enthalpy ? "enthalpy [J/mol]" : "entropy [J/mol/K]", target_,
-        low.difference, low.temperature, high.difference, high.temperature,
+        pressure_, name, target_, low.difference, low.temperature, high.difference, high.temperature,
         low.liquids || high.liquids ? ", where a second liquid forms, which the package cannot express"
                                     : ""));
 }

@@ -42,7 +42,6 @@ public:
     void setReports(std::vector<std::pair<std::string, std::string>> texts) override {
         reports = std::move(texts);
     }
-    void writeBack(PyObject*, std::string&) override {}
     void releaseWrappers() noexcept override { ++releases; }
     void warn(const std::string& text) override;
 

@@ -152,6 +152,9 @@ TEST_CASE("Of the unit's report of a calculation the printed text is left") {
     CHECK(printedOutput(start + "one\r\n\r\ntwo\r\n" + end, "") == "one\n\ntwo");
     CHECK(printedOutput(start + end, "") == "");
     CHECK(printedOutput(start + "one\r\n\r\nTraceback\r\nE: x\r\n" + end, "Traceback\nE: x\n") == "one");
+    // The host was told more than the unit's report says: its chain of causes ends with it.
+    CHECK(printedOutput(start + "one\r\n\r\nin Flash: x" + end, "in Calculate, caused by: in Flash: x") ==
+          "one");
     CHECK(printedOutput(start, "") == "");
     CHECK(printedOutput("", "") == "");
     CHECK(printedOutput("another form", "") == "another form");

@@ -4,9 +4,10 @@
 
 #include <doctest/doctest.h>
 
-#include <dlfcn.h>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <unistd.h>
 
 using namespace orvane::test;
 
@@ -16,12 +17,26 @@ bool contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
 
-std::size_t scriptFiles() {
-    std::size_t count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::temp_directory_path()))
-        count += entry.path().filename().string().starts_with("ORV");
-    return count;
-}
+/// A temporary folder of the test's own, since other tests make their script files at the same time.
+class OwnTemporaryFolder {
+public:
+    OwnTemporaryFolder()
+        : path_(std::filesystem::temp_directory_path() / ("orvane-test-" + std::to_string(getpid()))) {
+        std::filesystem::create_directory(path_);
+        setenv("TMPDIR", path_.c_str(), 1);
+    }
+    OwnTemporaryFolder(const OwnTemporaryFolder&) = delete;
+    OwnTemporaryFolder& operator=(const OwnTemporaryFolder&) = delete;
+    ~OwnTemporaryFolder() { std::filesystem::remove_all(path_); }
+
+    std::ptrdiff_t files() const {
+        return std::distance(std::filesystem::directory_iterator(path_),
+                             std::filesystem::directory_iterator());
+    }
+
+private:
+    std::filesystem::path path_;
+};
 
 }  // namespace
 
@@ -82,16 +97,16 @@ TEST_CASE("Two units in a process do not meet") {
 }
 
 TEST_CASE("Ports and parameters may outlive the unit, and its script file does not") {
-    const std::size_t before = scriptFiles();
+    const OwnTemporaryFolder folder;
     Ref<ICapeUnitPort> port;
     Ref<ICapeRealParameter> parameter;
     {
         TestHost host;
         port = host.port("Feed");
         parameter = host.parameter<ICapeRealParameter>("Heat Duty");
-        CHECK(scriptFiles() == before + 1);
+        CHECK(folder.files() == 1);
     }
-    CHECK(scriptFiles() == before);
+    CHECK(folder.files() == 0);
     call<&ICapeRealParameter::Table::putValue>(parameter, 3.0);
     double value = 0;
     call<&ICapeRealParameter::Table::getValue>(parameter, &value);
