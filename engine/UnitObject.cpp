@@ -10,9 +10,7 @@ namespace {
 using COBIA::StringException;
 
 template <PyRef UnitObject::*dictionary> PyObject* getDictionary(PyObject* self, void*) noexcept {
-    return (contentOf<UnitObject>(self).*dictionary).get()
-               ? Py_NewRef((contentOf<UnitObject>(self).*dictionary).get())
-               : nullptr;
+    return Py_XNewRef((contentOf<UnitObject>(self).*dictionary).get());
 }
 
 #define EXTERNAL_OBJECTS                                                                                                 \
