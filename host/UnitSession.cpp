@@ -6,6 +6,22 @@ namespace orvane::host {
 
 using namespace COBIA;
 
+namespace {
+
+/// Runs what comes first to need the interpreter: one that did not start is a module that cannot be used.
+template <class Body> auto needingInterpreter(Body&& body) {
+    try {
+        return body();
+    }
+    catch (const cape_open_error& error) {
+        const std::string text = error.directText();
+        if (!text.starts_with("Failed to initialize Python")) throw;
+        throw ModuleError(text + ". " + std::string(pythonAdvice()));
+    }
+}
+
+}  // namespace
+
 UnitPort::UnitPort(Ref<ICapeInterface> item) : port_(query<ICapeUnitPort>(item)) {
     name_ = text<&ICapeIdentification::Table::getComponentName>(query<ICapeIdentification>(item).get());
     call<&ICapeUnitPort::Table::getPortType>(port_, &type_);
@@ -55,7 +71,8 @@ void UnitSession::loadScript(const std::string& script) {
     store->addIntegers("parameterTypes", {});
     const auto persistence = query<ICapePersist>(object_);
     if (!persistence) throw cape_open_error("the unit takes no script: it does not offer ICapePersist");
-    call<&ICapePersist::Table::Load>(persistence, store->as<ICapePersistReader>());
+    needingInterpreter(
+        [&] { call<&ICapePersist::Table::Load>(persistence, store->as<ICapePersistReader>()); });
 }
 
 template <class Item> std::vector<Item> UnitSession::items(const Ref<ICapeCollection>& collection) {
@@ -70,7 +87,8 @@ template <class Item> std::vector<Item> UnitSession::items(const Ref<ICapeCollec
 }
 
 std::vector<UnitPort> UnitSession::ports() {
-    return items<UnitPort>(obtain<ICapeCollection, &ICapeUnit::Table::ports>(unit_.get()));
+    return needingInterpreter(
+        [&] { return items<UnitPort>(obtain<ICapeCollection, &ICapeUnit::Table::ports>(unit_.get())); });
 }
 
 std::vector<UnitParameter> UnitSession::parameters() {

@@ -33,7 +33,8 @@ private:
     COBIA::CapePortDirection direction_{};
 };
 
-/// All members but the destructor throw cape_open_error with what the unit says.
+/// All members but the destructor throw cape_open_error with what the unit says, and ModuleError when its interpreter did
+/// not start.
 class UnitSession {
 public:
     UnitSession(const ModuleLoader& module, COBIA::Ref<SimulationContext> context);

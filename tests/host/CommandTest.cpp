@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <doctest/doctest.h>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <thread>
 
@@ -170,6 +171,19 @@ TEST_CASE("A product that does not carry what came in is a warning, not a failur
     checkFailure(run, 0, "warning: methane does not close: in 4, out 4.4");
 }
 
+namespace {
+
+/// Where the module finds its Python library.
+std::string pythonLibrary() {
+    void* const module = dlopen(ORVANE_BIN "/Orvane3.14.so", RTLD_LAZY | RTLD_LOCAL);
+    REQUIRE(module);
+    Dl_info library{};
+    REQUIRE(dladdr(dlsym(module, "Py_Initialize"), &library) != 0);
+    return library.dli_fname;
+}
+
+}  // namespace
+
 TEST_CASE("A module that is missing, or is none, or finds no Python ends with exit code 3") {
     const TestFolder folder;
     const std::string none = folder.file("none.so").string();
@@ -191,6 +205,13 @@ TEST_CASE("A module that is missing, or is none, or finds no Python ends with ex
     const std::string searched = folder.file("").string();
     checkFailure(command({"run", heater}, {"LD_LIBRARY_PATH=" + searched}), 3,
                  "The Python library that it needs is missing. Install the shared library of CPython 3.14");
+
+    // The library alone, without its modules.
+    std::filesystem::copy_file(pythonLibrary(), searched + "/libpython3.14.so.1.0",
+                               std::filesystem::copy_options::overwrite_existing);
+    checkFailure(
+        command({"run", heater}, {"LD_LIBRARY_PATH=" + searched}), 3,
+        "Failed to initialize Python: Py_Initialize failed. Install the shared library of CPython 3.14");
 }
 
 TEST_CASE("A run that takes too long is stopped with exit code 124") {
