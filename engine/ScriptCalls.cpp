@@ -3,6 +3,7 @@
 #include "engine/Conversion.h"
 #include "engine/OutputRedirector.h"
 #include "engine/PythonEntry.h"
+#include "engine/ScriptSource.h"
 #include "engine/Traceback.h"
 #include "engine/UnitObject.h"
 

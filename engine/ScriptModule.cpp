@@ -2,6 +2,7 @@
 
 #include "cobia/Error.h"
 #include "engine/PythonEntry.h"
+#include "engine/ScriptSource.h"
 #include "engine/Traceback.h"
 #include "platform/Files.h"
 
@@ -14,11 +15,7 @@ std::string ScriptModule::load(const std::string& file) {
         create();
         source_ = sourceOf(script);
         const ShownSource shown(source_);
-        PyObject* dictionary = PyModule_GetDict(module_.get());
-        PyCompilerFlags flags = {.cf_flags = 0, .cf_feature_version = 14};
-        if (!PyRef::stealMaybe(
-                PyRun_StringFlags(script.c_str(), Py_file_input, dictionary, dictionary, &flags)))
-            printError();
+        if (!runText(script, Py_file_input, PyModule_GetDict(module_.get()))) printError();
     }
     catch (const PythonErrorSet&) {
         printError();

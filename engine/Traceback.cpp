@@ -10,9 +10,6 @@
 namespace orvane {
 namespace {
 
-/// What the interpreter calls code that was compiled from a text.
-constexpr const char* scriptFileName = "<string>";
-
 /// What is left to say of an error that does not print itself, for instance a text with a lone surrogate.
 std::string plainText(PyObject* error) {
     std::string text = Py_TYPE(error)->tp_name;
@@ -77,29 +74,6 @@ std::string extractFailingLine(const std::string& text) {
             result += c;
     }
     return result;
-}
-
-ShownSource::ShownSource(const PyRef& source) {
-    if (!source) return;
-    PyObject* cache = scriptEngine().lineCache();
-    PyObject* previous = nullptr;
-    check(PyDict_GetItemStringRef(cache, scriptFileName, &previous));
-    previous_ = PyRef::stealMaybe(previous);
-    check(PyDict_SetItemString(cache, scriptFileName, source.get()));
-}
-
-ShownSource::~ShownSource() {
-    if (previous_ && PyDict_SetItemString(scriptEngine().lineCache(), scriptFileName, previous_.get()) < 0)
-        PyErr_Clear();
-}
-
-PyRef sourceOf(const std::string& script) {
-    const PyRef text =
-        PyRef::steal(PyUnicode_DecodeUTF8(script.data(), static_cast<Py_ssize_t>(script.size()), "replace"));
-    const PyRef lines = PyRef::steal(PyObject_CallMethod(text.get(), "splitlines", "O", Py_True));
-    // An entry without a modification time is one that linecache does not check against a file.
-    return PyRef::steal(
-        Py_BuildValue("nOOs", PyList_GET_SIZE(lines.get()), Py_None, lines.get(), scriptFileName));
 }
 
 }  // namespace orvane

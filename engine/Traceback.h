@@ -2,8 +2,6 @@
 // Threads: with the engine lock and the interpreter lock held.
 #pragma once
 
-#include "engine/PyRef.h"
-
 #include <string>
 
 namespace orvane {
@@ -19,22 +17,5 @@ void rewriteTraceback(std::string& text);
 /// The one line that best names a failure: the source line under the first "Line N, in ..." of a tidied text, and
 /// without one the whole text made one line.
 std::string extractFailingLine(const std::string& text);
-
-/// Lets tracebacks show the lines of one script, compiled under the name "<string>" that all scripts share, for as long
-/// as the object lives; then those of the script before.
-class ShownSource {
-public:
-    /// What sourceOf gave; an empty handle shows nothing new.
-    explicit ShownSource(const PyRef& source);
-    ShownSource(const ShownSource&) = delete;
-    ShownSource& operator=(const ShownSource&) = delete;
-    ~ShownSource();
-
-private:
-    PyRef previous_;
-};
-
-/// A script's lines, prepared for tracebacks.
-PyRef sourceOf(const std::string& script);
 
 }  // namespace orvane
