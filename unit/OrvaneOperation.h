@@ -131,15 +131,16 @@ private:
     void fillParameters(PyObject* dictionary) override;
     std::vector<std::string> declaredReports() const override { return declared_.reports; }
     void setReports(std::vector<std::pair<std::string, std::string>> reports) override;
-    void releaseWrappers() noexcept override;
+    void beginCall() override { holders_.emplace_back(); }
+    void endCall() noexcept override;
     void warn(const std::string& text) override;
 
     // PortOwner, ParameterOwner
 
     void portChanged() override { invalidate(); }
     void parameterChanged() override { invalidate(); }
-    void addHolder(HostObjectHolder& holder) override { holders_.push_back(&holder); }
-    void removeHolder(HostObjectHolder& holder) noexcept override { std::erase(holders_, &holder); }
+    void addHolder(HostObjectHolder& holder) override { holders_.back().push_back(&holder); }
+    void removeHolder(HostObjectHolder& holder) noexcept override;
 
     std::string name_ = "Orvane Operation";
     std::string description_ = "CAPE-OPEN Unit Operation using python script for calculations";
@@ -166,8 +167,9 @@ private:
         declared_;  // what the last successful one declared; ports and parameters are in the collections
     std::map<std::string, std::string> reports_;  // text by upper-cased name
     std::unordered_map<std::string, StoredValue>
-        savedValues_;                         // loaded, until Configure declares their parameters
-    std::vector<HostObjectHolder*> holders_;  // alive, each with a hold on objects of the host
+        savedValues_;  // loaded, until Configure declares their parameters
+    /// Alive, each with a hold on objects of the host: those made outside of calls, then those of each call under way.
+    std::vector<std::vector<HostObjectHolder*>> holders_{1};
 };
 
 }  // namespace orvane

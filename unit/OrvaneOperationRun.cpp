@@ -10,8 +10,8 @@
 #include "unit/CompoundCheck.h"
 #include "unit/OrvaneOperation.h"
 
-#include <algorithm>
 #include <chrono>
+#include <unordered_set>
 
 namespace orvane {
 
@@ -78,26 +78,26 @@ namespace {
 /// Those of the new items, or in their place the one that was there before under the same name and of the same kind,
 /// with the new definition.
 template <class Item>
-std::vector<Ref<Item>> merge(const std::vector<Ref<Item>>& before, std::vector<Ref<Item>> declared) {
+std::vector<Ref<Item>> merge(const Collection<Item>& before, std::vector<Ref<Item>> declared) {
+    std::unordered_set<const Item*> kept;
     for (Ref<Item>& item : declared) {
-        const auto same = std::find_if(before.begin(), before.end(), [&](const Ref<Item>& old) {
-            return equalIgnoringCase(old->name(), item->name()) && old->sameKind(*item);
-        });
-        if (same == before.end()) continue;
-        (*same)->takeOver(*item);
+        const Ref<Item> same = before.named(item->name());
+        if (!same || !same->sameKind(*item)) continue;
+        same->takeOver(*item);
         item->disown();
-        item = *same;
+        item = same;
+        kept.insert(same.get());
     }
-    for (const Ref<Item>& old : before)
-        if (std::find(declared.begin(), declared.end(), old) == declared.end()) old->disown();
+    for (const Ref<Item>& old : before.items())
+        if (!kept.contains(old.get())) old->disown();
     return declared;
 }
 
 }  // namespace
 
 void OrvaneOperation::adoptDeclarations() {
-    ports_->replace(merge(ports_->items(), std::move(declaring_.ports)));
-    parameters_->replace(merge(parameters_->items(), std::move(declaring_.parameters)));
+    ports_->replace(merge(*ports_, std::move(declaring_.ports)));
+    parameters_->replace(merge(*parameters_, std::move(declaring_.parameters)));
     declaring_.ports.clear();
     declaring_.parameters.clear();
     const InterpreterLock lock;
@@ -232,17 +232,18 @@ void OrvaneOperation::collectOutput() {
 // What the script's calls see
 
 void OrvaneOperation::addPort(const PortDeclaration& port) {
-    declaring_.checkPort(port.name, runState_ == RunState::configuring);
-    if (port.type != PortTypeCode::material)
+    declaring_.addPort(port.name, runState_ == RunState::configuring, [&]() -> Ref<Port> {
+        PortOwner& owner = *this;
+        if (port.type == PortTypeCode::material)
+            return makeObject<MaterialPort>(owner, port.name, port.isFeed, port.optional);
         throw StringException() << "port '" << port.name
                                 << "': only material ports can be added in this version";
-    declaring_.ports.push_back(
-        makeObject<MaterialPort>(static_cast<PortOwner&>(*this), port.name, port.isFeed, port.optional));
+    });
 }
 
 void OrvaneOperation::addParameter(const ParameterDeclaration& parameter) {
-    declaring_.checkParameter(parameter.name, runState_ == RunState::configuring);
-    declaring_.parameters.push_back(makeParameter(*this, parameter));
+    declaring_.addParameter(parameter.name, runState_ == RunState::configuring,
+                            [&] { return makeParameter(*this, parameter); });
 }
 
 void OrvaneOperation::addReport(const std::string& name) {
@@ -290,13 +291,18 @@ void OrvaneOperation::setReports(std::vector<std::pair<std::string, std::string>
     for (auto& [name, text] : reports) reports_[upperCase(name)] = std::move(text);
 }
 
-void OrvaneOperation::releaseWrappers() noexcept {
+void OrvaneOperation::endCall() noexcept {
     // One by one, since what a release sets off may destroy other holders.
-    while (!holders_.empty()) {
-        HostObjectHolder* const holder = holders_.back();
-        holders_.pop_back();
+    while (!holders_.back().empty()) {
+        HostObjectHolder* const holder = holders_.back().back();
+        holders_.back().pop_back();
         holder->releaseHostObjects();
     }
+    if (holders_.size() > 1) holders_.pop_back();
+}
+
+void OrvaneOperation::removeHolder(HostObjectHolder& holder) noexcept {
+    for (std::vector<HostObjectHolder*>& ofCall : holders_) std::erase(ofCall, &holder);
 }
 
 void OrvaneOperation::warn(const std::string& text) {

@@ -2,6 +2,7 @@
 #include "tests/engine/RecordingUnit.h"
 
 #include "engine/PythonEntry.h"
+#include "engine/UnitObject.h"
 
 #include <doctest/doctest.h>
 
@@ -109,7 +110,8 @@ TEST_CASE("Reports get what was printed into them during Calculate, whatever the
     unit.call(FunctionKind::calculate);
     REQUIRE(unit.reports.size() == 1);
     CHECK(unit.reports[0] == std::pair<std::string, std::string>("R", "x\n"));
-    CHECK(unit.releases == 1);
+    CHECK(unit.openCalls == 0);
+    CHECK(unit.endedCalls == 1);
 }
 
 TEST_CASE("The unit's dictionaries last as long as they should") {
@@ -140,13 +142,31 @@ TEST_CASE("A unit that is called back while it calculates keeps what the outer c
     CHECK_FALSE(contains(within.errors, "without"));
 }
 
+TEST_CASE("A call within a call of the same unit leaves the outer one its objects") {
+    RecordingUnit unit("def Validate(unit): print(sorted(unit.ports), sorted(unit.reports))\n"
+                       "def Calculate(unit): print(sorted(unit.ports), sorted(unit.reports))\n");
+    unit.reportsDeclared = {"R"};
+    std::string within;
+    unit.onFillPorts = [&] {
+        unit.onFillPorts = nullptr;
+        PyDict_SetItemString(contentOf<UnitObject>(unit.object.get()).ports.get(), "Feed", Py_None);
+        within = unit.call(FunctionKind::validate).output;
+        CHECK(unit.openCalls == 1);
+    };
+    CHECK(unit.call(FunctionKind::calculate).output == "['Feed'] ['R']\n");
+    CHECK(within == "[] ['R']\n");
+    CHECK(unit.openCalls == 0);
+    CHECK(unit.endedCalls == 2);
+}
+
 TEST_CASE("What goes wrong outside of the script is the call's error too") {
     RecordingUnit unit("def Calculate(unit):\n    print('not reached')\n");
     unit.onFillPorts = [] { throw std::runtime_error("no feed"); };
     const CallTexts texts = unit.call(FunctionKind::calculate);
     CHECK(texts.output.empty());
     CHECK(texts.errors == "\nUnhandled exception: no feed");
-    CHECK(unit.releases == 1);
+    CHECK(unit.openCalls == 0);
+    CHECK(unit.endedCalls == 1);
     unit.onFillPorts = [] { throw 3; };
     CHECK(unit.call(FunctionKind::calculate).errors == "\nUnhandled exception");
 }
