@@ -2,84 +2,24 @@
 // against the limits set for them; and the orvane command from its start to its result.
 // Not here: the flashes of the property package (FlashBench).
 #include "bench/FreeMaterial.h"
-#include "cobia/Call.h"
+#include "bench/Unit.h"
 #include "host/MaterialObject.h"
-#include "host/ModuleLoader.h"
-#include "host/PersistStore.h"
 #include "package/CompoundTable.h"
 
 #include <benchmark/benchmark.h>
 
 #include <chrono>
 #include <cstdlib>
-#include <ctime>
 
 namespace {
 
-using namespace COBIA;
 using namespace orvane;
-using orvane::bench::FreeMaterial;
+using namespace orvane::bench;
 using Clock = std::chrono::steady_clock;
 
 constexpr double calculateLimit = 15e-6;  // s above the host's own calls
 constexpr double propertyLimit = 1e-6;    // likewise
 constexpr double startLimit = 150e-3;     // s, the whole process
-
-constexpr const char* ports =
-    "def Configure(unit):\n"
-    "    unit.add_port('Feed', unit.PortType.MATERIAL, unit.PortDirection.FEED)\n"
-    "    unit.add_port('Product', unit.PortType.MATERIAL, unit.PortDirection.PRODUCT)\n"
-    "    unit.add_parameter('N', unit.ParameterType.INTEGER, unit.ParameterMode.INPUT, default=1)\n";
-
-/// A unit with a feed and a product connected, ready to calculate.
-class Unit {
-public:
-    Unit(const char* script, ICapeInterface* feed, ICapeInterface* product) {
-        static const host::ModuleLoader module(std::filesystem::path(ORVANE_BIN) / "Orvane3.14.so");
-        object_ = module.createUnit();
-        if (script) load(script);
-        connect("Feed", feed);
-        connect("Product", product);
-    }
-
-    void calculate() { call<&ICapeUnit::Table::Calculate>(unit()); }
-
-    template <class I> Ref<I> parameter(const char* name) {
-        const auto all = obtain<ICapeCollection, &ICapeUtilities::Table::getParameters>(
-            query<ICapeUtilities>(object_).get());
-        return query<I>(
-            obtain<ICapeInterface, &ICapeCollection::Table::ItemByName>(all.get(), StringObject(name).in()));
-    }
-
-private:
-    Ref<ICapeUnit> unit() const { return query<ICapeUnit>(object_); }
-
-    void load(const char* script) {
-        const auto store = makeObject<host::PersistStore>();
-        store->addString("python", script);
-        for (const char* item : {"lastOutput", "runReportHeader", "runReportFooter"})
-            store->addString(item, "");
-        store->addTexts("parameterNames", {});
-        store->addIntegers("parameterTypes", {});
-        call<&ICapePersist::Table::Load>(query<ICapePersist>(object_), store->as<ICapePersistReader>());
-    }
-
-    void connect(const char* name, ICapeInterface* object) {
-        const auto all = obtain<ICapeCollection, &ICapeUnit::Table::ports>(unit().get());
-        const auto port =
-            obtain<ICapeInterface, &ICapeCollection::Table::ItemByName>(all.get(), StringObject(name).in());
-        call<&ICapeUnitPort::Table::Connect>(query<ICapeUnitPort>(port), object);
-    }
-
-    Ref<ICapeInterface> object_;
-};
-
-/// Seconds of processor time that one call of `body` takes.
-template <class Body> double secondsOf(int repeats, Body&& body) {
-    const std::clock_t start = std::clock();
-    for (int i = 0; i < repeats; ++i) body();
-    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / repeats;
-}
 
 /// Times the body alternately with its peer, so that both meet the same machine, and states the difference.
 template <class Body, class Peer>
@@ -101,7 +41,7 @@ void measureAbove(benchmark::State& state, double limit, int perBody, Body&& bod
 
 void emptyCalculate(benchmark::State& state) {
     const auto feed = makeObject<FreeMaterial>(), product = makeObject<FreeMaterial>();
-    Unit unit((std::string(ports) + "def Calculate(unit):\n    pass\n").c_str(),
+    Unit unit((std::string(feedAndProduct) + "def Calculate(unit):\n    pass\n").c_str(),
               feed->as<ICapeThermoMaterial>(), product->as<ICapeThermoMaterial>());
     unit.calculate();
     const Ref<ICapeThermoMaterial> material = query<ICapeThermoMaterial>(feed->as<ICapeThermoMaterial>());
@@ -127,10 +67,10 @@ BENCHMARK(emptyCalculate)
 void feedEnthalpy(benchmark::State& state) {
     const auto feed = makeObject<FreeMaterial>(), product = makeObject<FreeMaterial>();
     constexpr int calls = 1000;
-    Unit unit((std::string(ports) + "def Calculate(unit):\n"
-                                    "    fd = unit.ports['Feed']\n"
-                                    "    for i in range(unit.parameters['N'].value):\n"
-                                    "        fd.get_property('enthalpy')\n")
+    Unit unit((std::string(feedAndProduct) + "def Calculate(unit):\n"
+                                             "    fd = unit.ports['Feed']\n"
+                                             "    for i in range(unit.parameters['N'].value):\n"
+                                             "        fd.get_property('enthalpy')\n")
                   .c_str(),
               feed->as<ICapeThermoMaterial>(), product->as<ICapeThermoMaterial>());
     call<&ICapeIntegerParameter::Table::putValue>(unit.parameter<ICapeIntegerParameter>("N"),

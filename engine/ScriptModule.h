@@ -33,6 +33,7 @@ private:
     void create();
 
     std::string name_;
+    PyRef key_;  // in sys.modules
     PyRef module_;
     PyRef source_;
 };

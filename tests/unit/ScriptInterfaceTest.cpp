@@ -118,3 +118,31 @@ TEST_CASE("Units are created, run and released on several threads at once") {
         CHECK(contains(texts[i], "\r\n\r\n" + expected + "\r\n\r\n"));
     }
 }
+
+TEST_CASE("A thousand units come and go without leaving a Python object behind") {
+    // A debug build of the interpreter also counts references.
+    TestHost counter(
+        "import gc, sys\n"
+        "def Configure(unit):\n"
+        "    for name in 'blocks', 'references':\n"
+        "        unit.add_parameter(name, unit.ParameterType.INTEGER, unit.ParameterMode.OUTPUT)\n"
+        "def Calculate(unit):\n"
+        "    gc.collect()\n"
+        "    unit.parameters['blocks'].value = sys.getallocatedblocks()\n"
+        "    unit.parameters['references'].value = getattr(sys, 'gettotalrefcount', int)()\n");
+    const auto count = [&](const char* what) {
+        CapeInteger value = 0;
+        call<&ICapeIntegerParameter::Table::getValue>(counter.parameter<ICapeIntegerParameter>(what), &value);
+        return value;
+    };
+    const auto cycles = [&](int number) {
+        for (int i = 0; i < number; ++i) REQUIRE(TestHost().calculateDefault().succeeded());
+        REQUIRE(counter.calculate().succeeded());
+    };
+    // The interpreter keeps freed objects for reuse, up to a limit that it has reached by then.
+    cycles(1000);
+    const CapeInteger blocks = count("blocks"), references = count("references");
+    cycles(1000);
+    CHECK(count("blocks") - blocks < 300);
+    CHECK(count("references") - references < 300);
+}
