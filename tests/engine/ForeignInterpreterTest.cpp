@@ -5,6 +5,7 @@
 
 #include <doctest/doctest.h>
 
+#include <future>
 #include <thread>
 
 using namespace orvane;
@@ -43,6 +44,23 @@ TEST_CASE("Units wait for an interpreter whose lock another thread holds") {
     Py_BEGIN_ALLOW_THREADS host.join();
     Py_END_ALLOW_THREADS CHECK(texts.output == "inside\n");
     CHECK(holds("sys.stdout is mine"));
+}
+
+TEST_CASE("A thread that holds the interpreter's lock and one that runs a unit do not wait for each other") {
+    startForeign();
+    startTestEngine();
+    std::promise<void> running;
+    CallTexts ofOther;
+    std::thread other([&] {
+        RecordingUnit unit("import time\ndef Calculate(unit):\n    time.sleep(0.1)\n    print('other')\n");
+        unit.onFillPorts = [&] { running.set_value(); };
+        ofOther = unit.call(FunctionKind::calculate);
+    });
+    Py_BEGIN_ALLOW_THREADS running.get_future().wait();
+    Py_END_ALLOW_THREADS CHECK(RecordingUnit::calculate("print('this')").output == "this\n");
+    CHECK(PyGILState_Check() == 1);
+    Py_BEGIN_ALLOW_THREADS other.join();
+    Py_END_ALLOW_THREADS CHECK(ofOther.output == "other\n");
 }
 
 TEST_CASE("An interpreter that its owner has ended is not ended again") {
