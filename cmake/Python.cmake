@@ -1,7 +1,31 @@
 # Finds CPython 3.14 with headers and shared library, and makes the target Python314 of it.
-# Looked at: ORVANE_PYTHON_PREFIX, which ./dev gives; otherwise the python3.14-config on PATH.
+# Looked at: ORVANE_PYTHON_PREFIX, which ./dev gives; otherwise, but not for Windows, the python3.14-config on PATH.
 
-set(ORVANE_PYTHON_PREFIX "" CACHE PATH "Where CPython 3.14 is installed: the folder that holds bin/ and lib/")
+set(ORVANE_PYTHON_PREFIX "" CACHE PATH "Where CPython 3.14 is installed: the folder that holds bin/ and lib/, or python314.dll")
+
+# An installation for Windows, as its installer lays it out. Any import library of python314.dll will do: it holds names.
+function(orvane_find_windows_python)
+    set(wayOut "Run ./dev windows, which builds CPython 3.14 for Windows, or name an installation with headers and "
+               "import library by -DORVANE_PYTHON_PREFIX=FOLDER.")
+    set(header "${ORVANE_PYTHON_PREFIX}/include/Python.h")
+    find_file(library NAMES libpython314.a python314.lib PATHS "${ORVANE_PYTHON_PREFIX}/libs"
+        NO_CACHE NO_DEFAULT_PATH)
+    foreach(file IN ITEMS "${header}" "${ORVANE_PYTHON_PREFIX}/python314.dll")
+        if(NOT EXISTS "${file}")
+            message(FATAL_ERROR "CPython 3.14 for Windows was not found: there is no ${file}. " ${wayOut})
+        endif()
+    endforeach()
+    if(NOT library)
+        message(FATAL_ERROR "There is no import library of python314.dll in ${ORVANE_PYTHON_PREFIX}/libs. " ${wayOut})
+    endif()
+
+    add_library(Python314 SHARED IMPORTED GLOBAL)
+    set_target_properties(Python314 PROPERTIES
+        IMPORTED_LOCATION "${ORVANE_PYTHON_PREFIX}/python314.dll"
+        IMPORTED_IMPLIB "${library}"
+        INTERFACE_INCLUDE_DIRECTORIES "${ORVANE_PYTHON_PREFIX}/include")
+    message(STATUS "CPython 3.14 for Windows: ${ORVANE_PYTHON_PREFIX}")
+endfunction()
 
 function(orvane_find_python)
     set(wayOut "Run ./dev build, which finds CPython 3.14 or builds it, "
@@ -55,4 +79,8 @@ function(orvane_find_python)
     message(STATUS "CPython 3.14: ${library}")
 endfunction()
 
-orvane_find_python()
+if(WIN32)
+    orvane_find_windows_python()
+else()
+    orvane_find_python()
+endif()

@@ -1,5 +1,9 @@
 # Test executables from the folders of tests/, with every test case known to ctest by its name.
 
+set(ORVANE_TESTS_VIEW "${CMAKE_BINARY_DIR}/include/tests")
+file(MAKE_DIRECTORY "${ORVANE_TESTS_VIEW}")
+file(CREATE_LINK "${PROJECT_SOURCE_DIR}/tests" "${ORVANE_TESTS_VIEW}/tests" SYMBOLIC)
+
 # orvane_tests(NAME LINKS target... [RUNS target...])
 #
 # Builds tests/NAME/*.cpp, and its posix/*.cpp or windows/*.cpp, into one executable; ctest lists its cases as
@@ -11,17 +15,12 @@ function(orvane_tests NAME)
     set(folder "${CMAKE_CURRENT_SOURCE_DIR}/${NAME}")
     file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/${ORVANE_SYSTEM}/*.cpp")
 
-    set(view "${CMAKE_BINARY_DIR}/include/tests")
-    file(MAKE_DIRECTORY "${view}")
-    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${view}/tests" SYMBOLIC)
-
     set(target tests-${NAME})
     add_executable(${target} ${sources})
     target_link_libraries(${target} PRIVATE tests-main ${arg_LINKS})
-    target_include_directories(${target} PRIVATE "${view}")
     target_compile_definitions(${target} PRIVATE
-        ORVANE_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
-        ORVANE_SOURCE="${PROJECT_SOURCE_DIR}")
+        ORVANE_BIN="${ORVANE_TEST_ROOT}${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
+        ORVANE_SOURCE="${ORVANE_TEST_ROOT}${PROJECT_SOURCE_DIR}")
     set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests"
         LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/ListTests.cmake")
     if(arg_RUNS)
@@ -32,7 +31,7 @@ function(orvane_tests NAME)
     add_custom_command(TARGET ${target} POST_BUILD
         BYPRODUCTS "${list}"
         COMMAND "${CMAKE_COMMAND}" "-DNAME=${NAME}" "-DEXECUTABLE=$<TARGET_FILE:${target}>" "-DLIST=${list}"
-                "-DENVIRONMENT=${ORVANE_TEST_ENVIRONMENT}" -P "${PROJECT_SOURCE_DIR}/cmake/ListTests.cmake"
+                "-DENVIRONMENT=${ORVANE_TEST_ENVIRONMENT}" "-DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR}" -P "${PROJECT_SOURCE_DIR}/cmake/ListTests.cmake"
         VERBATIM)
     if(NOT EXISTS "${list}")
         file(WRITE "${list}" "add_test([==[${NAME}: not built]==] ${target}-is-not-built)\n")

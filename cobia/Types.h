@@ -68,6 +68,7 @@ enum : CapeResult {
     denied = 106,
     noSuchItem = 107,
     notImplemented = 108,
+    noService = 109,
     invalidOperation = 115,
 };
 

@@ -6,6 +6,8 @@
 #include "engine/UnitObject.h"
 #include "platform/Environment.h"
 #include "platform/ModuleLocation.h"
+#include "platform/ProcessEnd.h"
+#include "platform/PythonInstallation.h"
 
 #include <filesystem>
 
@@ -13,6 +15,22 @@ namespace orvane {
 namespace {
 
 std::span<const ScriptingType> scriptingTypes;
+
+// File names as the interpreter takes them: as the system has them where that is wide text, decoded as the interpreter
+// decodes bytes where it has bytes, so that any name survives.
+[[maybe_unused]] std::wstring wideName(const std::wstring& name) { return name; }
+[[maybe_unused]] std::wstring wideName(const std::string& name) {
+    wchar_t* wide = Py_DecodeLocale(name.c_str(), nullptr);
+    if (!wide) throw COBIA::StringException() << "cannot decode the file name '" << name << "'";
+    std::wstring result = wide;
+    PyMem_RawFree(wide);
+    return result;
+}
+
+/// A UTF-8 file name for the configuration, once the interpreter knows the encoding of the system.
+std::wstring decoded(const std::string& file) {
+    return wideName(std::filesystem::path(std::u8string(file.begin(), file.end())).native());
+}
 
 /// A configuration of the interpreter, cleared on every way out.
 class Configuration {
@@ -33,14 +51,8 @@ public:
 
     void set(wchar_t** field, const wchar_t* value) { require(PyConfig_SetString(&config_, field, value)); }
 
-    /// Decodes as the interpreter does, so that any file name survives.
     void addSearchPath(const std::string& entry) {
-        wchar_t* decoded = Py_DecodeLocale(entry.c_str(), nullptr);
-        if (!decoded)
-            throw COBIA::StringException() << "cannot decode the search path entry '" << entry << "'";
-        const PyStatus status = PyWideStringList_Append(&config_.module_search_paths, decoded);
-        PyMem_RawFree(decoded);
-        require(status);
+        require(PyWideStringList_Append(&config_.module_search_paths, decoded(entry).c_str()));
     }
 
     static void require(const PyStatus& status) {
@@ -54,15 +66,8 @@ private:
 
 /// The python beside the library, which multiprocessing starts in place of the simulator; empty when there is none.
 std::wstring pythonExecutable() {
-    namespace fs = std::filesystem;
     try {
-        const fs::path library = moduleFile(addressOf(&Py_Initialize));
-        for (const fs::path& folder : {library.parent_path().parent_path() / "bin", library.parent_path(),
-                                       library.parent_path().parent_path().parent_path() / "bin"}) {
-            const fs::path python = folder / "python3.14";
-            std::error_code failed;
-            if (fs::exists(python, failed)) return python.wstring();
-        }
+        return decoded(pythonProgram(moduleFile(addressOf(&Py_Initialize))));
     }
     catch (const std::exception&) {
         // Without its location there is no python to name either.
@@ -176,9 +181,21 @@ void ScriptEngine::addVirtualEnvironment() {
     PyRef::steal(PyObject_CallMethod(site.get(), "addsitedir", "s", modules->c_str()));
 }
 
-ScriptEngine::~ScriptEngine() {
-    // Another component that started the interpreter may have ended it already.
-    if (!interpreterActive_ || !Py_IsInitialized()) {
+ScriptEngine::~ScriptEngine() { end(); }
+
+bool ScriptEngine::lockIsLost() const noexcept {
+    if (!otherThreadsAreGone()) return false;
+    PyThreadState* const first = PyInterpreterState_ThreadHead(PyInterpreterState_Main());
+    return first != savedThread_ || (first && PyThreadState_Next(first));
+}
+
+// Another component that started the interpreter may have ended it already.
+bool ScriptEngine::isRunning() const noexcept { return interpreterActive_ && Py_IsInitialized() && !lockIsLost(); }
+
+void ScriptEngine::end() noexcept {
+    const bool running = isRunning();
+    interpreterActive_ = false;
+    if (!running) {
         for (PyRef* reference : {&warnings_, &pickle_, &lineCache_, &stdoutCapture_, &stderrCapture_})
             reference->detach();
         return;
@@ -214,6 +231,8 @@ void ScriptEngine::captureErrors() const noexcept {
 
 ScriptEngine& scriptEngine() {
     static ScriptEngine engine(scriptingTypes);
+    static const bool ends = (beforeProcessEnds([] { engine.end(); }), true);
+    static_cast<void>(ends);
     return engine;
 }
 

@@ -20,6 +20,11 @@ public:
     ScriptEngine& operator=(const ScriptEngine&) = delete;
     ~ScriptEngine();
 
+    /// Ends the interpreter, as the destructor does. Nothing enters it afterwards.
+    void end() noexcept;
+    /// Whether there is an interpreter that can be entered: it has started and not ended.
+    bool isRunning() const noexcept;
+
     /// Empty when the start succeeded; otherwise the message that every entry fails with, for the life of the process.
     const std::string& startupError() const noexcept { return startupError_; }
 
@@ -41,6 +46,8 @@ private:
     void addTypes(std::span<const ScriptingType> types);
     void importModules();
     void addVirtualEnvironment();
+    /// Whether the interpreter lock may be held by a thread that is gone, so that nobody ever gets it.
+    bool lockIsLost() const noexcept;
 
     std::string startupError_;
     PyThreadState* savedThread_ = nullptr;  // when this engine started the interpreter

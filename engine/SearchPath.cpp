@@ -2,6 +2,7 @@
 
 #include "platform/Environment.h"
 #include "platform/ModuleLocation.h"
+#include "platform/PythonInstallation.h"
 
 #include <Python.h>
 
@@ -26,20 +27,6 @@ bool isThere(const fs::path& path) {
 }
 
 }  // namespace
-
-std::vector<std::string> installationPath(const std::string& libraryFile) {
-    const fs::path folder = pathOf(libraryFile).parent_path();
-    // The library stands beside the standard library's folder or, where folders carry the machine's name, below it.
-    const fs::path above = folder.parent_path();
-    const fs::path root = isThere(folder / "python3.14") || !isThere(above / "python3.14") ? folder : above;
-    const fs::path standard = root / "python3.14";
-    std::vector<std::string> result;
-    for (const fs::path& candidate :
-         {root / "python314.zip", standard, standard / "lib-dynload", standard / "site-packages",
-          standard / "dist-packages", root / "python3" / "dist-packages"})
-        if (isThere(candidate)) result.push_back(textOf(candidate));
-    return result;
-}
 
 std::vector<std::string> splitPath(std::string_view value, char separator) {
     std::vector<std::string> result;

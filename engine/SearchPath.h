@@ -1,4 +1,5 @@
 // Where the interpreter looks for modules: the installation of its library, and what PYTHONPATH adds.
+// Not here: how an installation is laid out (platform/PythonInstallation.h).
 #pragma once
 
 #include <optional>
@@ -7,10 +8,6 @@
 #include <vector>
 
 namespace orvane {
-
-/// The folders and the archive of the installation that the library file belongs to, those that exist, in the order in
-/// which they are searched. UTF-8.
-std::vector<std::string> installationPath(const std::string& libraryFile);
 
 /// The pieces of a PYTHONPATH value. Two adjacent separators give an empty piece; one at the end adds none.
 std::vector<std::string> splitPath(std::string_view value, char separator);

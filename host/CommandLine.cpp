@@ -2,6 +2,7 @@
 
 #include "host/CompoundsCommand.h"
 #include "host/ExitCode.h"
+#include "host/RegisterCommand.h"
 #include "host/RunCommand.h"
 
 #include <CLI/CLI.hpp>
@@ -56,6 +57,14 @@ int commandLine(int count, const char* const* arguments) {
     CLI::App* compounds = app.add_subcommand("compounds", "List the compounds that a case can name");
     compounds->add_option("filter", filter, "Part of a name, formula or CAS number");
 
+    RegisterOptions registration;
+    CLI::App* registering =
+        app.add_subcommand("register", "Make the unit operation known to the COBIA hosts that you run");
+    registering->add_flag("--undo", registration.undo, "Take the registration back");
+    registering
+        ->add_option("--library", registration.library, "The companion library, in place of the one beside orvane")
+        ->type_name("FILE");
+
     try {
         app.parse(count, arguments);
     }
@@ -67,6 +76,7 @@ int commandLine(int count, const char* const* arguments) {
         return exitWrongUse;
     }
     if (compounds->parsed()) return compoundsCommand(filter);
+    if (registering->parsed()) return registerCommand(registration);
     options.validateOnly = validate->parsed();
     return runCommand(options);
 }

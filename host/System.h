@@ -3,18 +3,31 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvane::host {
+
+/// The words of this process's command line, the program first, in UTF-8. Takes what main was given.
+std::vector<std::string> programArguments(int count, char** arguments);
+
+/// Makes the standard streams carry UTF-8, byte for byte. To be called before anything is written.
+void prepareStreams();
+
+/// Nothing when the variable is not set. UTF-8.
+std::optional<std::string> environmentVariable(const char* name);
 
 /// The file that this process runs.
 std::filesystem::path executableFile();
 
-/// The file name of the unit operation's module.
+/// The file names of the unit operation's module, and of the companion library.
 std::string_view moduleFileName();
+std::string_view companionFileName();
 
 /// A dynamic library, loaded as simulators load modules: all symbols at once, and visible to nothing else.
 /// It stays loaded when this object goes: an interpreter that lives in it cannot be taken away.
@@ -52,7 +65,7 @@ public:
     void write(std::string_view text);
 
 private:
-    int descriptor_;
+    std::intptr_t reserved_;  // the system's own name for it
 };
 
 /// Writes a file whole or not at all: beside it under a temporary name, then renamed. What is there already

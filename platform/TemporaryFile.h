@@ -27,6 +27,8 @@ public:
     std::string release() noexcept;
 
 private:
+    static void remove(const std::string& path) noexcept;
+
     std::string path_;
 };
 

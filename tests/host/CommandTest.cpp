@@ -2,9 +2,7 @@
 #include "tests/host/CommandProcess.h"
 
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
-#include <dlfcn.h>
 #include <doctest/doctest.h>
 #include <filesystem>
 #include <nlohmann/json.hpp>
@@ -171,20 +169,7 @@ TEST_CASE("A product that does not carry what came in is a warning, not a failur
     checkFailure(run, 0, "warning: methane does not close: in 4, out 4.4");
 }
 
-namespace {
-
-/// Where the module finds its Python library.
-std::string pythonLibrary() {
-    void* const module = dlopen(ORVANE_BIN "/Orvane3.14.so", RTLD_LAZY | RTLD_LOCAL);
-    REQUIRE(module);
-    Dl_info library{};
-    REQUIRE(dladdr(dlsym(module, "Py_Initialize"), &library) != 0);
-    return library.dli_fname;
-}
-
-}  // namespace
-
-TEST_CASE("A module that is missing, or is none, or finds no Python ends with exit code 3") {
+TEST_CASE("A module that is missing, or is none, ends with exit code 3") {
     const TestFolder folder;
     const std::string none = folder.file("none.so").string();
     checkFailure(command({"run", heater, "--module", none}), 3,
@@ -193,25 +178,6 @@ TEST_CASE("A module that is missing, or is none, or finds no Python ends with ex
     const std::string text = folder.write("text.so", "no module");
     checkFailure(command({"run", heater, "--module", text}), 3,
                  "'" + text + "' (named by --module) could not be loaded: ");
-
-    Dl_info library{};  // of the system's own library, which stands for every one that is no unit operation
-    REQUIRE(dladdr(reinterpret_cast<void*>(&std::abort), &library) != 0);
-    const Finished other =
-        command({"run", heater, "--module", library.dli_fname, "--json", folder.file("r").string()});
-    checkFailure(other, 3, "does not export createOrvane");
-    CHECK(holds(json::parse(folder.read("r"))["error"], "createOrvane"));
-
-    folder.write("libpython3.14.so.1.0", "no library");
-    const std::string searched = folder.file("").string();
-    checkFailure(command({"run", heater}, {"LD_LIBRARY_PATH=" + searched}), 3,
-                 "The Python library that it needs is missing. Install the shared library of CPython 3.14");
-
-    // The library alone, without its modules.
-    std::filesystem::copy_file(pythonLibrary(), searched + "/libpython3.14.so.1.0",
-                               std::filesystem::copy_options::overwrite_existing);
-    checkFailure(
-        command({"run", heater}, {"LD_LIBRARY_PATH=" + searched}), 3,
-        "Failed to initialize Python: Py_Initialize failed. Install the shared library of CPython 3.14");
 }
 
 TEST_CASE("A run that takes too long is stopped with exit code 124") {
@@ -237,9 +203,9 @@ TEST_CASE("A run that takes too long is stopped with exit code 124") {
 
 TEST_CASE("Ctrl-C interrupts the script and ends with exit code 130, the second one at once") {
     const TestFolder folder;
-    const std::string started = folder.file("started").string();
-    const auto whenStarted = [&](const std::function<void(pid_t)>& then) {
-        return [&, then](pid_t process) {
+    const std::string started = folder.file("started").generic_string();
+    const auto whenStarted = [&](const std::function<void(orvane::test::Process&)>& then) {
+        return [&, then](orvane::test::Process& process) {
             for (int i = 0; i < 1000 && !std::filesystem::exists(started); ++i) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(10));
             }
@@ -250,7 +216,7 @@ TEST_CASE("Ctrl-C interrupts the script and ends with exit code 130, the second 
     SUBCASE("the script ends") {
         const auto file = scripted(folder, begin + "    import time\n    time.sleep(50)\n");
         const Finished run = command({"run", file, "--json", folder.file("r").string()}, {},
-                                     whenStarted([](pid_t process) { kill(process, SIGINT); }));
+                                     whenStarted([](auto& process) { process.interrupt(); }));
         checkFailure(run, 130, "KeyboardInterrupt");
         CHECK(holds(json::parse(folder.read("r"))["error"], "interrupted"));
     }
@@ -260,12 +226,12 @@ TEST_CASE("Ctrl-C interrupts the script and ends with exit code 130, the second 
                                                "        except BaseException: open('" +
                                                started + "2', 'w').close()\n");
         const Finished run =
-            command({"run", file}, {}, whenStarted([&](pid_t process) {
-                        kill(process, SIGINT);
+            command({"run", file}, {}, whenStarted([&](auto& process) {
+                        process.interrupt();
                         for (int i = 0; i < 1000 && !std::filesystem::exists(started + "2"); ++i) {
                             std::this_thread::sleep_for(std::chrono::milliseconds(10));
                         }
-                        kill(process, SIGINT);
+                        process.interrupt();
                     }));
         CHECK(run.exitCode == 130);
     }

@@ -68,7 +68,7 @@ TEST_CASE("A temporary file lives as long as its owner") {
         CHECK(name.is_absolute());
         CHECK(name.filename().string().starts_with("ORV"));
         CHECK(name.extension() == ".png");
-        CHECK(fs::equivalent(name.parent_path(), fs::temp_directory_path()));
+        CHECK(fs::equivalent(name.parent_path(), (fs::temp_directory_path() / "x").parent_path()));
     }
     CHECK_FALSE(exists(path));
 }

@@ -1,10 +1,10 @@
 // The script's side of the unit operation, run in the real module: what stands for the script, what a script keeps or sets
 // off in the midst of a call, and scripts of a size that only programs write.
+#include "tests/system/Environment.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/unit/TestHost.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <doctest/doctest.h>
 #include <fmt/format.h>
 #include <thread>
@@ -41,7 +41,7 @@ TEST_CASE("A package on PYTHONPATH stands for the script") {
                  "def Calculate(unit):\n"
                  "    unit.parameters['n'].value = 7\n"
                  "    print(__name__)\n");
-    setenv("PYTHONPATH", folder.path().c_str(), 1);
+    setVariable("PYTHONPATH", folder.path().string());
     TestHost host("import units.passing\ndef Configure(unit): unit.define_from(units.passing)\n"
                   "def Calculate(unit): print('not this one')\n");
     CHECK(host.names(host.ports()) == std::vector<std::string>{"Zulauf \u00e4"});

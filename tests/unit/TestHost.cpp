@@ -6,7 +6,7 @@ namespace orvane::test {
 namespace {
 
 const host::ModuleLoader& module() {
-    static const host::ModuleLoader loader(std::filesystem::path(ORVANE_BIN) / "Orvane3.14.so");
+    static const host::ModuleLoader loader(std::filesystem::path(ORVANE_BIN) / host::moduleFileName());
     return loader;
 }
 

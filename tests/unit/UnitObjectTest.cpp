@@ -1,13 +1,12 @@
 // The unit operation as an object of the host: interfaces, identification, collections, saved state, reports, and what
 // outlives it.
+#include "tests/system/Environment.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/unit/TestHost.h"
 
 #include <doctest/doctest.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <unistd.h>
 
 using namespace orvane::test;
 
@@ -17,25 +16,31 @@ bool contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
 
+/// A text file may have other line ends here.
+std::string withLineFeeds(std::string text) {
+    for (std::size_t at = 0; (at = text.find("\r\n", at)) != text.npos;) text.erase(at, 1);
+    return text;
+}
+
 /// A temporary folder of the test's own, since other tests make their script files at the same time.
 class OwnTemporaryFolder {
 public:
-    OwnTemporaryFolder()
-        : path_(std::filesystem::temp_directory_path() / ("orvane-test-" + std::to_string(getpid()))) {
-        std::filesystem::create_directory(path_);
-        setenv("TMPDIR", path_.c_str(), 1);
+    OwnTemporaryFolder() {
+        for (const char* variable : {"TMPDIR", "TMP"}) setVariable(variable, folder_.path().string());
     }
     OwnTemporaryFolder(const OwnTemporaryFolder&) = delete;
     OwnTemporaryFolder& operator=(const OwnTemporaryFolder&) = delete;
-    ~OwnTemporaryFolder() { std::filesystem::remove_all(path_); }
+    ~OwnTemporaryFolder() {
+        for (const char* variable : {"TMPDIR", "TMP"}) unsetVariable(variable);
+    }
 
     std::ptrdiff_t files() const {
-        return std::distance(std::filesystem::directory_iterator(path_),
+        return std::distance(std::filesystem::directory_iterator(folder_.path()),
                              std::filesystem::directory_iterator());
     }
 
 private:
-    std::filesystem::path path_;
+    TemporaryFolder folder_;
 };
 
 }  // namespace
@@ -139,7 +144,7 @@ TEST_CASE("A saved unit comes back with its script, values, data and texts") {
                                    "parameter1", "parameter2", "parameter3", "parameter4", "parameter5",
                                    "parameterNames", "parameterTypes", "reportNames", "reportValues",
                                    "imageNames", "imageFunctions", "privateData"});
-    CHECK(saved->string("python") == script);
+    CHECK(withLineFeeds(saved->string("python")) == script);
     CHECK(saved->integers("parameterTypes") == std::vector<CapeInteger>{0, 1, 2, 3, 4, 0});
     CHECK(saved->strings("reportNames") == std::vector<std::string>{"SUM"});
 
@@ -200,8 +205,10 @@ TEST_CASE("Reports are listed and made by name, type and locale") {
     const auto file = std::filesystem::temp_directory_path() / "orvane-test-picture.png";
     const StringObject fileName(file.string());
     call<&Table::GenerateReportFile>(reports, StringObject("pic").in(), png.in(), eng.in(), fileName.in());
-    std::ifstream stream(file, std::ios::binary);
-    CHECK(std::string(std::istreambuf_iterator<char>(stream), {}) == "\x89PNG\r\n\x1a\n1024x640");
+    {
+        std::ifstream stream(file, std::ios::binary);
+        CHECK(std::string(std::istreambuf_iterator<char>(stream), {}) == "\x89PNG\r\n\x1a\n1024x640");
+    }
     std::filesystem::remove(file);
     const Outcome outcome = TestHost::outcome([&] {
         call<&Table::GenerateReportFile>(reports, StringObject("Bad").in(), png.in(), eng.in(),

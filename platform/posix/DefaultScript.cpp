@@ -1,4 +1,4 @@
-#include "unit/DefaultScript.h"
+#include "platform/DefaultScript.h"
 
 extern "C" {
 extern const unsigned char defaultScript[];
