@@ -1,7 +1,7 @@
 #include "tests/unit/EditorFolder.h"
 
-#include <atomic>
-#include <unistd.h>
+#include <cstdlib>
+#include <stdexcept>
 
 namespace orvane::test {
 
@@ -11,19 +11,17 @@ namespace {
 
 std::function<bool(void*, EditingUnit*)> currentUser;
 
-fs::path newFolder() {
-    static std::atomic<int> number = 0;
-    fs::path folder = fs::temp_directory_path() /
-                      ("orvane-editor-" + std::to_string(getpid()) + "-" + std::to_string(++number));
-    fs::create_directory(folder);
-    return folder;
-}
-
 fs::path libraryIn(const fs::path& folder) { return folder / fs::path(ORVANE_EDITOR_FIXTURE).filename(); }
 
 }  // namespace
 
-EditorFolder::EditorFolder(const fs::path& library) : path_(newFolder()) {
+fs::path newTemporaryFolder() {
+    std::string name = (fs::temp_directory_path() / "orvane-test-XXXXXX").string();
+    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
+    return name;
+}
+
+EditorFolder::EditorFolder(const fs::path& library) : path_(newTemporaryFolder()) {
     const fs::path module = path_ / host::moduleFileName();
     fs::copy_file(fs::path(ORVANE_BIN) / module.filename(), module);
     if (!library.empty()) addLibrary(library);

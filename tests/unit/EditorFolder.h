@@ -13,6 +13,9 @@
 
 namespace orvane::test {
 
+/// A new, empty folder, which is the caller's to remove.
+std::filesystem::path newTemporaryFolder();
+
 class EditorFolder {
 public:
     /// library: the file that becomes the editor's library, none when empty.

@@ -4,7 +4,6 @@
 #include <doctest/doctest.h>
 
 #include <filesystem>
-#include <unistd.h>
 
 using namespace orvane::test;
 
@@ -54,8 +53,8 @@ TEST_CASE("An editor library that is installed later is found at the next attemp
 
 TEST_CASE("A module that stands behind a link looks for its editor beside the link") {
     namespace fs = std::filesystem;
-    const fs::path folder = fs::temp_directory_path() / ("orvane-link-" + std::to_string(getpid()));
-    fs::create_directories(folder / "real");
+    const fs::path folder = newTemporaryFolder();
+    fs::create_directory(folder / "real");
     fs::copy_file(fs::path(ORVANE_BIN) / "Orvane3.14.so", folder / "real" / "Orvane3.14.so");
     fs::create_symlink(folder / "real" / "Orvane3.14.so", folder / "Orvane3.14.so");
     const orvane::host::ModuleLoader module(folder / "Orvane3.14.so");
