@@ -1,7 +1,7 @@
 // What large scripts and many units cost, against the limits set for them and against plain Python in the same run.
+#include "bench/Measure.h"
 #include "bench/Unit.h"
 
-#include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
 #include <fstream>

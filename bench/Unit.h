@@ -1,11 +1,10 @@
-// A unit operation as the benchmarks drive it, and how they take time.
+// A unit operation as the benchmarks drive it.
 #pragma once
 
 #include "cobia/Call.h"
 #include "host/ModuleLoader.h"
 #include "host/PersistStore.h"
 
-#include <ctime>
 #include <filesystem>
 
 namespace orvane::bench {
@@ -69,12 +68,5 @@ private:
 
     Ref<ICapeInterface> object_;
 };
-
-/// Seconds of processor time that one call of `body` takes.
-template <class Body> double secondsOf(int repeats, Body&& body) {
-    const std::clock_t start = std::clock();
-    for (int i = 0; i < repeats; ++i) body();
-    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / repeats;
-}
 
 }  // namespace orvane::bench

@@ -1,7 +1,8 @@
-// What the unit operation costs: a calculation and a property call, against the same calls of the host made from C++ and
+// What the unit operation costs: a calculation, against the same calls of the host made from C++ and
 // against the limits set for them; and the orvane command from its start to its result.
 // Not here: the flashes of the property package (FlashBench).
 #include "bench/FreeMaterial.h"
+#include "bench/Measure.h"
 #include "bench/Unit.h"
 #include "host/MaterialObject.h"
 #include "package/CompoundTable.h"
@@ -18,26 +19,7 @@ using namespace orvane::bench;
 using Clock = std::chrono::steady_clock;
 
 constexpr double calculateLimit = 15e-6;  // s above the host's own calls
-constexpr double propertyLimit = 1e-6;    // likewise
 constexpr double startLimit = 150e-3;     // s, the whole process
-
-/// Times the body alternately with its peer, so that both meet the same machine, and states the difference.
-template <class Body, class Peer>
-void measureAbove(benchmark::State& state, double limit, int perBody, Body&& body, Peer&& peer) {
-    double own = 0, others = 0;
-    std::int64_t rounds = 0;
-    for (auto _ : state) {
-        others += secondsOf(1000, peer);
-        const double seconds = secondsOf(1, body) / perBody;
-        own += seconds;
-        state.SetIterationTime(seconds);
-        ++rounds;
-    }
-    const double above = (own - others) / static_cast<double>(rounds);
-    state.counters["host us"] = others / static_cast<double>(rounds) * 1e6;
-    state.counters["above us"] = above * 1e6;
-    state.counters["of limit"] = above / limit;
-}
 
 void emptyCalculate(benchmark::State& state) {
     const auto feed = makeObject<FreeMaterial>(), product = makeObject<FreeMaterial>();
@@ -62,49 +44,6 @@ BENCHMARK(emptyCalculate)
     ->Name("Calculate of an empty script")
     ->UseManualTime()
     ->Iterations(1000)
-    ->Unit(benchmark::kMicrosecond);
-
-void feedEnthalpy(benchmark::State& state) {
-    const auto feed = makeObject<FreeMaterial>(), product = makeObject<FreeMaterial>();
-    constexpr int calls = 1000;
-    Unit unit((std::string(feedAndProduct) + "def Calculate(unit):\n"
-                                             "    fd = unit.ports['Feed']\n"
-                                             "    for i in range(unit.parameters['N'].value):\n"
-                                             "        fd.get_property('enthalpy')\n")
-                  .c_str(),
-              feed->as<ICapeThermoMaterial>(), product->as<ICapeThermoMaterial>());
-    call<&ICapeIntegerParameter::Table::putValue>(unit.parameter<ICapeIntegerParameter>("N"),
-                                                  CapeInteger{calls});
-    unit.calculate();
-
-    using Thermo = ICapeThermoMaterial::Table;
-    const Ref<ICapeThermoMaterial> material = query<ICapeThermoMaterial>(feed->as<ICapeThermoMaterial>());
-    const auto routine = query<ICapeThermoPropertyRoutine>(material);
-    const StringObject temperature("temperature"), pressure("pressure"), fraction("fraction"),
-        enthalpy("enthalpy"), mole("mole"), none, vapor("Vapor");
-    const StringArray properties({"enthalpy"});
-    const double t = 300, p = 1e5, x[] = {0.5, 0.3, 0.2};
-    StringArray present;
-    EnumerationArray status;
-    RealArray result;
-    const auto hostCalls = [&] {
-        call<&Thermo::GetPresentPhases>(material, present.out(), status.out());
-        call<&Thermo::SetSinglePhaseProp>(material, temperature.in(), vapor.in(), none.in(),
-                                          RealView({&t, 1}).in());
-        call<&Thermo::SetSinglePhaseProp>(material, pressure.in(), vapor.in(), none.in(),
-                                          RealView({&p, 1}).in());
-        call<&Thermo::SetSinglePhaseProp>(material, fraction.in(), vapor.in(), mole.in(), RealView(x).in());
-        call<&ICapeThermoPropertyRoutine::Table::CalcSinglePhaseProp>(routine, properties.in(), vapor.in());
-        call<&Thermo::GetSinglePhaseProp>(material, enthalpy.in(), vapor.in(), mole.in(), result.out());
-        benchmark::DoNotOptimize(result.view()[0]);
-    };
-    measureAbove(
-        state, propertyLimit, calls, [&] { unit.calculate(); }, hostCalls);
-}
-BENCHMARK(feedEnthalpy)
-    ->Name("get_property('enthalpy') of a feed")
-    ->UseManualTime()
-    ->Iterations(500)
     ->Unit(benchmark::kMicrosecond);
 
 void heater(benchmark::State& state) {

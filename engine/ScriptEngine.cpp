@@ -205,6 +205,8 @@ void ScriptEngine::end() noexcept {
     for (PyRef* reference : {&warnings_, &stdoutCapture_, &stderrCapture_, &pickle_, &lineCache_})
         *reference = PyRef();
     PyGILState_Release(lock);
+    // With the state of the thread that started the interpreter, whichever thread ends the process: the interpreter ends
+    // with that state alone. Only its debug builds object.
     if (savedThread_)
         PyEval_RestoreThread(savedThread_);
     else

@@ -10,21 +10,19 @@ namespace {
 
 using COBIA::StringException;
 
-/// Names of reports and images: only ASCII letters lose their case.
-bool equalBytesIgnoringCase(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
+/// Of reports and images: texts are kept by the name in upper case, pictures found by it in lower case.
+bool sameName(std::string_view a, std::string_view b) {
+    return COBIA::upperCase(a) == COBIA::upperCase(b) || COBIA::equalIgnoringCase(a, b);
 }
 
 bool hasReport(const std::vector<std::string>& reports, std::string_view name) {
     return std::any_of(reports.begin(), reports.end(),
-                       [&](const std::string& report) { return equalBytesIgnoringCase(report, name); });
+                       [&](const std::string& report) { return sameName(report, name); });
 }
 
 bool hasImage(const std::vector<Image>& images, std::string_view name) {
     return std::any_of(images.begin(), images.end(),
-                       [&](const Image& image) { return equalBytesIgnoringCase(image.name, name); });
+                       [&](const Image& image) { return sameName(image.name, name); });
 }
 
 void require(bool holds, const char* rule) {

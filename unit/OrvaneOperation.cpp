@@ -83,10 +83,6 @@ void OrvaneOperation::terminate() {
     contextValues_ = nullptr;
 }
 
-CapeEditResult OrvaneOperation::edit(CapeWindowId) {
-    throw StringException("This unit operation has no editor");
-}
-
 void OrvaneOperation::save(ICapePersistWriter* writer, bool) {
     if (!writer) throw cape_open_error(nullPointer);
     ensureConfigured();

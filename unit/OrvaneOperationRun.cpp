@@ -1,4 +1,4 @@
-// The configure step, validation and the calculation of the unit operation, and what its script's calls see of it.
+// Validation and the calculation of the unit operation, and what its script's calls see of it.
 #include "cobia/Call.h"
 #include "engine/Conversion.h"
 #include "engine/PythonEntry.h"
@@ -11,126 +11,10 @@
 #include "unit/OrvaneOperation.h"
 
 #include <chrono>
-#include <unordered_set>
 
 namespace orvane {
 
 using namespace COBIA;
-
-/// What the unit is busy with; idle again on every way out.
-class OrvaneOperation::RunStateScope {
-public:
-    RunStateScope(OrvaneOperation& unit, RunState state) noexcept : unit_(unit), before_(unit.runState_) {
-        unit_.runState_ = state;
-    }
-    RunStateScope(const RunStateScope&) = delete;
-    RunStateScope& operator=(const RunStateScope&) = delete;
-    ~RunStateScope() { unit_.runState_ = before_; }
-
-private:
-    OrvaneOperation& unit_;
-    RunState before_;
-};
-
-// The configure step
-
-void OrvaneOperation::ensureConfigured() {
-    // A script that calls back into the unit through the host finds it as it is.
-    if (runState_ != RunState::idle || (configured_ && !needsConfigure_)) return;
-    configure();
-    restoreSavedValues();
-    configured_ = true;
-}
-
-void OrvaneOperation::configure() {
-    if (!needsConfigure_) return;
-    if (!scriptFile_) throw StringException(scriptFileError_);
-    const RunStateScope configuring(*this, RunState::configuring);
-    configureError_.clear();
-    scriptError_.clear();
-    if (needsReload_) {
-        declared_.module = PyRef();
-        configureError_ = scriptError_ = script_.load(scriptFile_->path());
-        if (!configureError_.empty()) return;
-        needsReload_ = false;
-        validationStatus_ = CapeValidationStatus::notValidated;
-    }
-    CallTexts texts = runConfigure();
-    configureError_ = std::move(texts.errors);
-    if (configureError_.empty()) adoptDeclarations();
-    needsConfigure_ = false;
-}
-
-CallTexts OrvaneOperation::runConfigure() {
-    const ScriptSession session;
-    declaring_ = {};
-    declared_.module = PyRef();
-    CallTexts texts = callScriptFunction(*this, script_, FunctionKind::configure);
-    if (!texts.errors.empty() || !declaring_.module) return texts;
-    declared_.module = declaring_.module;
-    declaring_.startModule();
-    CallTexts ofModule = callScriptFunction(*this, script_, FunctionKind::configure, false);
-    return {texts.output + ofModule.output, std::move(ofModule.errors)};
-}
-
-namespace {
-
-/// Those of the new items, or in their place the one that was there before under the same name and of the same kind,
-/// with the new definition.
-template <class Item>
-std::vector<Ref<Item>> merge(const Collection<Item>& before, std::vector<Ref<Item>> declared) {
-    std::unordered_set<const Item*> kept;
-    for (Ref<Item>& item : declared) {
-        const Ref<Item> same = before.named(item->name());
-        if (!same || !same->sameKind(*item)) continue;
-        same->takeOver(*item);
-        item->disown();
-        item = same;
-        kept.insert(same.get());
-    }
-    for (const Ref<Item>& old : before.items())
-        if (!kept.contains(old.get())) old->disown();
-    return declared;
-}
-
-}  // namespace
-
-void OrvaneOperation::adoptDeclarations() {
-    ports_->replace(merge(*ports_, std::move(declaring_.ports)));
-    parameters_->replace(merge(*parameters_, std::move(declaring_.parameters)));
-    declaring_.ports.clear();
-    declaring_.parameters.clear();
-    const InterpreterLock lock;
-    declared_ = std::exchange(declaring_, {});
-
-    // A report that is declared anew keeps the text that it had.
-    std::map<std::string, std::string> reports;
-    for (const std::string& report : declared_.reports) {
-        const std::string key = upperCase(report);
-        reports[key] = std::move(reports_[key]);
-    }
-    reports_ = std::move(reports);
-}
-
-void OrvaneOperation::restoreSavedValues() {
-    if (savedValues_.empty() || !configureError_.empty()) return;
-    const auto saved = std::exchange(savedValues_, {});
-    const ScriptSession session;
-    for (const Ref<Parameter>& parameter : parameters_->items()) {
-        const std::string name = parameter->name();
-        const auto found = saved.find(name);
-        if (found == saved.end()) {
-            warn("Value for '" + name + "' was not loaded");
-            continue;
-        }
-        try {
-            parameter->restore(found->second);
-        }
-        catch (const std::exception& error) {
-            warn("Value for '" + name + "' was not restored: " + error.what());
-        }
-    }
-}
 
 // Validation
 
@@ -143,9 +27,8 @@ std::optional<std::string> OrvaneOperation::findFault() {
     ensureConfigured();
     const auto find = [&]() -> std::optional<std::string> {
         if (!configureError_.empty()) return "Configure() failed: " + configureError_;
-        if (auto fault = checkConnections(ports_->items(), declared_.allowInconsistentCompounds))
-            return fault;
-        for (const Ref<Parameter>& parameter : parameters_->items()) {
+        if (auto fault = checkConnections(currentPorts(), declared_.allowInconsistentCompounds)) return fault;
+        for (const Ref<Parameter>& parameter : currentParameters()) {
             if (!parameter->isInput()) continue;
             const Verdict verdict = parameter->validate();
             if (!verdict.valid)
@@ -156,6 +39,7 @@ std::optional<std::string> OrvaneOperation::findFault() {
         scriptError_ = texts.errors;
         return texts.errors.empty() ? std::nullopt : std::optional(std::move(texts.errors));
     };
+    validationStatus_ = CapeValidationStatus::notValidated;  // and so it stays when the host fails
     std::optional<std::string> fault = find();
     validationStatus_ = fault ? CapeValidationStatus::invalid : CapeValidationStatus::valid;
     return fault;
@@ -207,18 +91,18 @@ bool OrvaneOperation::run() {
 }
 
 void OrvaneOperation::runScript() {
-    for (const Ref<Parameter>& parameter : parameters_->items()) parameter->setValueGiven(false);
-    for (const Ref<Port>& port : ports_->items()) port->prepare();
+    for (const Ref<Parameter>& parameter : currentParameters()) parameter->setValueGiven(false);
+    for (const Ref<Port>& port : currentPorts()) port->prepare();
     CallTexts texts = callScriptFunction(*this, script_, FunctionKind::calculate);
     scriptOutput_ = std::move(texts.output);
     scriptError_ = std::move(texts.errors);
 }
 
 void OrvaneOperation::finishPorts() {
-    for (const Ref<Parameter>& parameter : parameters_->items())
+    for (const Ref<Parameter>& parameter : currentParameters())
         if (!parameter->isInput() && !parameter->isValueGiven())
             warn("Ouput parameter '" + parameter->name() + "' was never specified");
-    for (const Ref<Port>& port : ports_->items())
+    for (const Ref<Port>& port : currentPorts())
         if (!port->isFeed()) port->finish();
 }
 
@@ -275,13 +159,13 @@ PyRef OrvaneOperation::functionModule() const {
 }
 
 void OrvaneOperation::fillPorts(PyObject* dictionary) {
-    for (const Ref<Port>& port : ports_->items())
+    for (const Ref<Port>& port : currentPorts())
         if (const PyRef object = port->scriptObject())
             check(PyDict_SetItem(dictionary, toPython(port->name()).get(), object.get()));
 }
 
 void OrvaneOperation::fillParameters(PyObject* dictionary) {
-    for (const Ref<Parameter>& parameter : parameters_->items())
+    for (const Ref<Parameter>& parameter : currentParameters())
         check(PyDict_SetItem(dictionary, toPython(parameter->nameText()).get(),
                              makeParameterObject(parameter).get()));
 }
@@ -307,7 +191,7 @@ void OrvaneOperation::removeHolder(HostObjectHolder& holder) noexcept {
 
 void OrvaneOperation::warn(const std::string& text) {
     if (scriptEngine().startupError().empty()) scriptEngine().outputText() += "Warning: " + text + "\n";
-    if (diagnostic_)
+    if (diagnostic_ && !editing_)
         call<&ICapeDiagnostic::Table::LogMessage>(diagnostic_,
                                                   StringObject(name_ + " warning: " + text).in());
 }

@@ -39,10 +39,13 @@ TEST_CASE("An expression gives its value") {
     CHECK(evaluate("a").texts.errors.find("NameError") != std::string::npos);
 }
 
-TEST_CASE("A nan that stands free is a number, and only that") {
+TEST_CASE("The words nan and inf are numbers where they stand free, and only there") {
     CHECK(evaluate("nan").value == "nan");
     CHECK(evaluate("[1.0, nan,nan]").value == "[1.0, nan, nan]");
     CHECK(evaluate("-nan*2").value == "nan");
+    CHECK(evaluate("-inf").value == "-inf");
+    CHECK(evaluate("float('nan')").value == "nan");
+    CHECK(evaluate("'nan'").value == "'nan'");
     struct Row {
         const char* text;
         const char* error;

@@ -23,6 +23,10 @@ TEST_CASE("What a script prints is the call's output, and nothing else is") {
     CHECK(texts.output == "a 1\n\u00e4\u4e2d\n");
     CHECK(texts.errors.empty());
     CHECK(RecordingUnit::calculate("import sys\nprint('x', file=sys.stderr)").errors == "x\n");
+    // No text is too odd to be printed, since a failure to print would hide what it was about.
+    CHECK(RecordingUnit::calculate("print('a\\0b\\ud800')").output == std::string("a\0b\uFFFD\n", 7));
+    CHECK(contains(RecordingUnit::calculate("raise ValueError('a\\0b')").errors,
+                   std::string("ValueError: a\0b", 15)));
 }
 
 TEST_CASE("A script that raises is told with its line and its source") {

@@ -227,12 +227,13 @@ TEST_CASE("The documentation of unit reads whole") {
     const std::string help = printed("help(unit)");
     for (
         const char* part :
-        {"class unit(", "It is passed as argument to functions such as Configure and Calculate", "add_port(",
-         "add_parameter(", "add_report(", "add_image(", "define_from(", "name -- name of the port",
+        {"class unit(", "It is passed as argument to functions such as Configure and Calculate",
+         "optional=False,", "add_parameter(", "add_report(self, name, /)",
+         "add_image(self, /, name, function)", "define_from(self, module, /)", "name -- name of the port",
          "allow_inconsistent_compounds", "Objects connected to ports.", "Parameter objects.",
          "Output file objects for printing reports.",
          "The validation_data dictionary is cleared prior to a call to Validate.", "persisted",
          "data in volatile_data is not persisted between sessions.",
          "direct or indirect references to external objects (streams, compounds, stream parameters) may not"})
-        CHECK_MESSAGE(contains(help, part), part);
+        CHECK_MESSAGE(contains(help, part), std::string(part));
 }
