@@ -31,16 +31,18 @@ void ask(const Ref<Object>& object, const char* step, Arguments... arguments) {
     check((table->*slot)(object->me, arguments...), step);
 }
 
-template <auto slot> void put(const Ref<ICapePMCRegistrar>& registrar, const char* step, std::string_view text) {
+template <auto slot>
+void put(const Ref<ICapePMCRegistrar>& registrar, const char* step, std::string_view text) {
     ask<slot>(registrar, step, toCape(text).c_str());
 }
 
 Ref<ICapeRegistryWriter> userRegistry() {
     const Runtime* installed = runtime();
     if (!installed) {
-        debugOutput("Orvane: no COBIA runtime is installed, or none of version 1.2.1 or later, looked for under the "
-                    "registry key " +
-                    std::string(runtimeKey) + ". Install the runtime, then register again.");
+        debugOutput(
+            "Orvane: no COBIA runtime is installed, or none of version 1.2.1 or later, looked for under the "
+            "registry key " +
+            std::string(runtimeKey) + ". Install the runtime, then register again.");
         throw cape_open_error(noService);
     }
     ICapeRegistryWriter* writer = nullptr;
@@ -62,8 +64,10 @@ void describe(const Ref<ICapePMCRegistrar>& registrar, const std::string& librar
                               "Orvane " ORVANE_VERSION ": a unit operation that runs a Python script");
     ask<&Registrar::putUUID>(registrar, "take the identifier", &componentId);
     put<&Registrar::putProgId>(registrar, "take the program identifier", "Orvane.Operation.1");
-    put<&Registrar::putVersionIndependentProgId>(registrar, "take the general program identifier", "Orvane.Operation");
-    for (const CapeUUID& category : categories) ask<&Registrar::addCatID>(registrar, "take a category", &category);
+    put<&Registrar::putVersionIndependentProgId>(registrar, "take the general program identifier",
+                                                 "Orvane.Operation");
+    for (const CapeUUID& category : categories)
+        ask<&Registrar::addCatID>(registrar, "take a category", &category);
     ask<&Registrar::addLocation>(registrar, "take the location", CapePMCServiceType::inProcess64,
                                  toCape(libraryFile).c_str());
     ask<&Registrar::commit>(registrar, "register the component");

@@ -49,7 +49,8 @@ template <class Body> CapeResult entry(Body&& body) noexcept {
 }  // namespace
 
 CapeResult capeRegisterObjects() {
-    return entry([] { orvane::registerComponent(orvane::moduleFile(orvane::addressOf(&capeRegisterObjects))); });
+    return entry(
+        [] { orvane::registerComponent(orvane::moduleFile(orvane::addressOf(&capeRegisterObjects))); });
 }
 
 CapeResult capeUnregisterObjects() {

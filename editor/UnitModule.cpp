@@ -35,7 +35,8 @@ Create* loadModule() {
         create = DynamicLibrary(file).find<Create>(entryPoint);
     }
     catch (const COBIA::StringException& error) {
-        fail(std::string(error.what()) + ". It belongs beside '" + library + "', and needs the library of CPython 3.14");
+        fail(std::string(error.what()) + ". It belongs beside '" + library +
+             "', and needs the library of CPython 3.14");
     }
     if (!create) fail("'" + file + "' does not export " + entryPoint);
     return create;

@@ -190,7 +190,9 @@ bool ScriptEngine::lockIsLost() const noexcept {
 }
 
 // Another component that started the interpreter may have ended it already.
-bool ScriptEngine::isRunning() const noexcept { return interpreterActive_ && Py_IsInitialized() && !lockIsLost(); }
+bool ScriptEngine::isRunning() const noexcept {
+    return interpreterActive_ && Py_IsInitialized() && !lockIsLost();
+}
 
 void ScriptEngine::end() noexcept {
     const bool running = isRunning();

@@ -3,6 +3,7 @@
 // Not here: the TOML form (CaseReader).
 #pragma once
 
+#include "host/Path.h"
 #include "host/PropertyPackage.h"
 
 #include <cstdint>
@@ -22,7 +23,7 @@ class CaseError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
     CaseError(const std::filesystem::path& file, int line, const std::string& what)
-        : std::runtime_error(file.string() + ":" + std::to_string(line) + ": " + what) {}
+        : std::runtime_error(textOf(file) + ":" + std::to_string(line) + ": " + what) {}
 };
 
 /// A value as the command line gives it, to be understood by the type of the parameter.

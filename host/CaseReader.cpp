@@ -3,6 +3,7 @@
 #include "cobia/Text.h"
 #include "host/CaseToml.h"
 #include "host/NearestName.h"
+#include "host/Path.h"
 #include "package/CompoundTable.h"
 #include "package/PackageError.h"
 
@@ -113,24 +114,24 @@ private:
             for (const auto& [name, value] : table(*parameters, "unit.parameters")) {
                 case_.parameters.push_back({std::string(name.str()),
                                             parameterValue(std::string(name.str()), value),
-                                            fmt::format("{}:{}", case_.file.string(), lineOf(name))});
+                                            fmt::format("{}:{}", textOf(case_.file), lineOf(name))});
             }
         }
     }
 
     std::string readScript(const toml::node& node) const {
-        const std::filesystem::path script = case_.file.parent_path() / text(node, "script");
+        const std::filesystem::path script = case_.file.parent_path() / pathOf(text(node, "script"));
         std::string content;
         try {
             content = readText(script);
         }
         catch (const std::runtime_error& error) {
             fail(lineOf(node),
-                 fmt::format("the script '{}' cannot be read: {}", script.string(), error.what()));
+                 fmt::format("the script '{}' cannot be read: {}", textOf(script), error.what()));
         }
         if (COBIA::wellFormed(content) != content) {
             fail(lineOf(node),
-                 fmt::format("the script '{}' is not UTF-8 text; save it as UTF-8", script.string()));
+                 fmt::format("the script '{}' is not UTF-8 text; save it as UTF-8", textOf(script)));
         }
         return content;
     }
@@ -265,14 +266,14 @@ CaseFile readCase(const std::filesystem::path& file) {
         text = readText(file);
     }
     catch (const std::runtime_error& error) {
-        throw CaseError(fmt::format("{}: the case file cannot be read: {}", file.string(), error.what()));
+        throw CaseError(fmt::format("{}: the case file cannot be read: {}", textOf(file), error.what()));
     }
     return readCase(text, file);
 }
 
 CaseFile readCase(std::string_view text, const std::filesystem::path& file) {
     try {
-        return Reader(file).read(toml::parse(text, file.string()));
+        return Reader(file).read(toml::parse(text, textOf(file)));
     }
     catch (const toml::parse_error& error) {
         throw CaseError(file, static_cast<int>(error.source().begin.line), std::string(error.description()));

@@ -3,6 +3,7 @@
 #include "cobia/Text.h"
 #include "host/CalculationReport.h"
 #include "host/NearestName.h"
+#include "host/Path.h"
 #include "package/PackageError.h"
 
 #include <algorithm>
@@ -57,7 +58,7 @@ void CaseRun::connectStreams() {
 
     std::vector<const CaseStream*> given(ports.size());
     for (const CaseStream& stream : case_.streams) {
-        const auto place = fmt::format("{}:{}: ", case_.file.string(), stream.line);
+        const auto place = fmt::format("{}:{}: ", textOf(case_.file), stream.line);
         const auto port = named(ports, stream.port);
         if (port == ports.end()) {
             failToFit(fmt::format("{}the unit has no material port '{}'{}", place, stream.port,

@@ -2,6 +2,7 @@
 
 #include "host/CompoundsCommand.h"
 #include "host/ExitCode.h"
+#include "host/Path.h"
 #include "host/RegisterCommand.h"
 #include "host/RunCommand.h"
 
@@ -13,8 +14,15 @@ namespace {
 
 constexpr const char* version = ORVANE_VERSION;
 
+/// Words of the command line are UTF-8, as a path taken from a text is not everywhere.
+template <class Path>
+CLI::Option* addFile(CLI::App& command, const std::string& name, Path& path, const std::string& description) {
+    const auto take = [&path](const std::string& word) { path = pathOf(word); };
+    return command.add_option_function<std::string>(name, take, description)->type_name("FILE");
+}
+
 void addCase(CLI::App& command, RunOptions& options) {
-    command.add_option("case", options.caseFile, "Case file (TOML)")->type_name("CASE.toml")->required();
+    addFile(command, "case", options.caseFile, "Case file (TOML)")->type_name("CASE.toml")->required();
     command
         .add_option("--set", options.settings,
                     "Set a parameter of the unit, as \"Heat Duty=5e4\"; repeatable")
@@ -27,10 +35,8 @@ void addCase(CLI::App& command, RunOptions& options) {
     command.add_option("--timeout", options.timeout, "End the run after this time, with exit code 124")
         ->type_name("SECONDS")
         ->check(CLI::PositiveNumber);
-    command
-        .add_option("--module", options.module,
-                    "The unit operation's module, in place of the one beside orvane")
-        ->type_name("FILE");
+    addFile(command, "--module", options.module,
+            "The unit operation's module, in place of the one beside orvane");
 }
 
 }  // namespace
@@ -61,9 +67,8 @@ int commandLine(int count, const char* const* arguments) {
     CLI::App* registering =
         app.add_subcommand("register", "Make the unit operation known to the COBIA hosts that you run");
     registering->add_flag("--undo", registration.undo, "Take the registration back");
-    registering
-        ->add_option("--library", registration.library, "The companion library, in place of the one beside orvane")
-        ->type_name("FILE");
+    addFile(*registering, "--library", registration.library,
+            "The companion library, in place of the one beside orvane");
 
     try {
         app.parse(count, arguments);

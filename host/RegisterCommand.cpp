@@ -24,7 +24,8 @@ void carryOut(const RegisterOptions& options) {
     const auto entry = reinterpret_cast<Entry>(library.symbol(name));
     if (!entry) fail(fmt::format("'{}' is no component library: it does not export {}", textOf(file), name));
     if (const COBIA::CapeResult code = entry())
-        fail(fmt::format("{} of '{}' failed: {} (code {}){}", name, textOf(file), COBIA::errorDescription(code), code,
+        fail(fmt::format("{} of '{}' failed: {} (code {}){}", name, textOf(file),
+                         COBIA::errorDescription(code), code,
                          code == COBIA::noService ? ". Install the COBIA runtime first" : ""));
     fmt::print("The unit operation is {} for COBIA hosts that you run: {}\n",
                options.undo ? "no longer registered" : "registered", textOf(file));

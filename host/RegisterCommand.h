@@ -7,8 +7,9 @@
 namespace orvane::host {
 
 struct RegisterOptions {
-    bool undo = false;                             ///< takes the registration back instead
-    std::optional<std::filesystem::path> library;  ///< in place of the companion library beside the executable
+    bool undo = false;  ///< takes the registration back instead
+    std::optional<std::filesystem::path>
+        library;  ///< in place of the companion library beside the executable
 };
 
 /// Registers for the current user, says so and gives the exit code. Throws nothing.

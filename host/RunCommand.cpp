@@ -5,6 +5,7 @@
 #include "host/Closure.h"
 #include "host/ExitCode.h"
 #include "host/ModuleLoader.h"
+#include "host/Path.h"
 #include "host/ResultJson.h"
 #include "host/ResultTables.h"
 #include "host/System.h"
@@ -135,7 +136,7 @@ private:
     void showTables() {
         if (!result_.output.empty()) fmt::print("{}\n\n", result_.output);
         if (exitCode_ == exitSuccess && options_.validateOnly) {
-            fmt::print("{}: the unit is valid\n", options_.caseFile.string());
+            fmt::print("{}: the unit is valid\n", textOf(options_.caseFile));
         } else if (exitCode_ == exitSuccess) {
             fmt::print("{}", resultTables(result_, closure_));
             if (options_.repeat > 1) {
@@ -160,7 +161,7 @@ private:
             if (jsonOnly())
                 output_->write(text);
             else
-                writeWhole(*options_.json, text);
+                writeWhole(pathOf(*options_.json), text);
             return true;
         }
         catch (const std::exception& error) {

@@ -1,5 +1,6 @@
 #include "host/UnitSession.h"
 
+#include "host/Path.h"
 #include "host/PersistStore.h"
 
 namespace orvane::host {
@@ -34,7 +35,7 @@ UnitSession::UnitSession(const ModuleLoader& module, Ref<SimulationContext> cont
       unit_(query<ICapeUnit>(object_)),
       utilities_(query<ICapeUtilities>(object_)) {
     if (!unit_ || !utilities_) {
-        throw ModuleError("what the module '" + module.file().string() +
+        throw ModuleError("what the module '" + textOf(module.file()) +
                           "' creates is no unit operation of CAPE-OPEN 1.2");
     }
     call<&ICapeUtilities::Table::putSimulationContext>(utilities_, context_->as<ICapeSimulationContext>());

@@ -4,7 +4,9 @@
 
 namespace orvane::host {
 
-std::vector<std::string> programArguments(int count, char** arguments) { return {arguments, arguments + count}; }
+std::vector<std::string> programArguments(int count, char** arguments) {
+    return {arguments, arguments + count};
+}
 
 void prepareStreams() {}
 

@@ -7,7 +7,8 @@ namespace orvane::host {
 std::filesystem::path executableFile() {
     std::wstring file(1024, L'\0');
     DWORD length = 0;
-    while ((length = GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size()))) == file.size())
+    while ((length = GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size()))) ==
+           file.size())
         file.resize(2 * file.size());
     return file.substr(0, length);
 }

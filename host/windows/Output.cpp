@@ -30,9 +30,10 @@ void redirectInOtherRuntime() {
 }
 
 /// Writes into a file that is there, or into a new one; throws with `what` in front of the reason.
-void writeInto(const std::filesystem::path& file, DWORD disposition, std::string_view text, const std::string& what) {
-    const HANDLE handle =
-        CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+void writeInto(const std::filesystem::path& file, DWORD disposition, std::string_view text,
+               const std::string& what) {
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE) fail(what, GetLastError());
     DWORD error = writeAll(handle, text);
     if (!CloseHandle(handle) && !error) error = GetLastError();
@@ -43,7 +44,8 @@ void writeInto(const std::filesystem::path& file, DWORD disposition, std::string
 
 bool errorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
-ReservedOutput::ReservedOutput() : reserved_(reinterpret_cast<std::intptr_t>(GetStdHandle(STD_OUTPUT_HANDLE))) {
+ReservedOutput::ReservedOutput()
+    : reserved_(reinterpret_cast<std::intptr_t>(GetStdHandle(STD_OUTPUT_HANDLE))) {
     const HANDLE output = reinterpret_cast<HANDLE>(reserved_);
     // Each C runtime closes it when its descriptor is pointed elsewhere.
     if (!SetHandleInformation(output, HANDLE_FLAG_PROTECT_FROM_CLOSE, HANDLE_FLAG_PROTECT_FROM_CLOSE))
@@ -78,7 +80,8 @@ void writeWhole(const std::filesystem::path& file, std::string_view text) {
     temporary += L"." + std::to_wstring(std::random_device()());
     try {
         writeInto(temporary, CREATE_NEW, text, what);
-        if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        if (!MoveFileExW(temporary.c_str(), target.c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
             fail(what, GetLastError());
     }
     catch (const std::runtime_error&) {

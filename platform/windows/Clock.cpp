@@ -39,7 +39,8 @@ std::string utcDateAndTime(std::chrono::system_clock::time_point moment) {
     // A failure leaves the text empty: a run is not refused for the want of its date.
     GetDateFormatEx(systemLocale(), DATE_SHORTDATE, &utc, nullptr, date, std::size(date), nullptr);
     // Of 24 hours, some systems still say which half of the day they are in.
-    GetTimeFormatEx(systemLocale(), TIME_FORCE24HOURFORMAT | TIME_NOTIMEMARKER, &utc, nullptr, time, std::size(time));
+    GetTimeFormatEx(systemLocale(), TIME_FORCE24HOURFORMAT | TIME_NOTIMEMARKER, &utc, nullptr, time,
+                    std::size(time));
     return narrow(date) + ", " + narrow(time);
 }
 

@@ -6,7 +6,8 @@ namespace orvane {
 
 std::string_view defaultScriptText() {
     HMODULE module = nullptr;
-    if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+    if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                                GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
                             reinterpret_cast<const wchar_t*>(&defaultScriptText), &module))
         return {};
     const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(102), L"PYTHON");

@@ -69,7 +69,8 @@ void writeFile(const std::string& path, std::string_view bytes) {
     const fs::path temporary = target.parent_path() / wide("ORV" + randomIdentifier());
     try {
         writeAll(open(temporary, L"wbN", "write", path), path, bytes);
-        if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        if (!MoveFileExW(temporary.c_str(), target.c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
             fail("write", path, systemMessage(GetLastError()));
     }
     catch (const COBIA::StringException&) {

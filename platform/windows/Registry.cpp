@@ -28,7 +28,8 @@ std::optional<std::string> registryText(HKEY root, const std::wstring& key, cons
     // Another process may make it longer meanwhile.
     for (bool more = status == ERROR_SUCCESS && type == REG_SZ; more; more = status == ERROR_MORE_DATA) {
         text.resize((size + 1) / sizeof(wchar_t));
-        status = RegQueryValueExW(opened, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
+        status = RegQueryValueExW(opened, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text.data()),
+                                  &size);
     }
     RegCloseKey(opened);
     if (status != ERROR_SUCCESS || type != REG_SZ) return std::nullopt;

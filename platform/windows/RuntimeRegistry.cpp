@@ -10,7 +10,8 @@ std::vector<RuntimeRegistration> registeredRuntimes() {
     for (const HKEY root : registryRoots(tokenElevation())) {
         const auto folder = registryText(root, wide(runtimeKey), L"");
         if (!folder || folder->empty()) continue;
-        found.push_back({*folder, parseVersion(registryText(root, wide(runtimeKey), L"version").value_or(""))});
+        found.push_back(
+            {*folder, parseVersion(registryText(root, wide(runtimeKey), L"version").value_or(""))});
     }
     return found;
 }

@@ -6,9 +6,8 @@ namespace orvane {
 
 std::string systemMessage(unsigned long code) {
     wchar_t text[1024];
-    const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code, 0, text,
-                       std::size(text), nullptr);
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                        code, 0, text, std::size(text), nullptr);
     std::string message = narrow({text, length});
     message.erase(message.find_last_not_of("\r\n ") + 1);
     return message.empty() ? "error " + std::to_string(code) : message;

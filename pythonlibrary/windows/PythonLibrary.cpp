@@ -39,10 +39,10 @@ public:
         if (LoadLibraryExW(file.c_str(), nullptr, flags)) return true;
         const DWORD error = GetLastError();
         std::error_code unknown;
-        note(place, error == ERROR_BAD_EXE_FORMAT           ? "is no 64-bit library"
-                    : !file.is_absolute()                   ? "does not have it"
-                    : fs::exists(file, unknown)             ? "cannot be loaded, error " + std::to_string(error)
-                                                            : "is not there");
+        note(place, error == ERROR_BAD_EXE_FORMAT ? "is no 64-bit library"
+                    : !file.is_absolute()         ? "does not have it"
+                    : fs::exists(file, unknown)   ? "cannot be loaded, error " + std::to_string(error)
+                                                  : "is not there");
         return false;
     }
 
@@ -75,9 +75,11 @@ void loadPythonLibrary(const fs::path& beside) {
     const fs::path neighbour = fs::path(beside / fileName).make_preferred();
     if (search.loadRegistered("HKEY_CURRENT_USER", HKEY_CURRENT_USER) ||
         search.loadRegistered("HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE) ||
-        search.load("'" + COBIA::toUtf8(neighbour.native()) + "'", neighbour) || search.load("PATH", fileName))
+        search.load("'" + COBIA::toUtf8(neighbour.native()) + "'", neighbour) ||
+        search.load("PATH", fileName))
         return;
-    throw std::runtime_error("the library of CPython 3.14, python314.dll, was not found: " + search.account());
+    throw std::runtime_error("the library of CPython 3.14, python314.dll, was not found: " +
+                             search.account());
 }
 
 }  // namespace orvane

@@ -49,10 +49,10 @@ TEST_CASE("The library registers its unit operation for the user, and takes that
     CAPTURE(said);
     CHECK(said.starts_with("registry of this user\nname Orvane Operation\n"));
     for (const char* line :
-         {"description CAPE-OPEN Unit Operation using python script for calculations", "CAPE-OPEN version 1.2",
-          "identifier 50c3f11c-882a-48d5-bd54-fe6841c111bf", "category 678c09a5-7d66-11d2-a67d-00105a42887f",
-          "category 37e03033-63b9-4f55-b5c4-807bede03deb", "service 1", "program Orvane.Operation.1",
-          "general program Orvane.Operation"})
+         {"description CAPE-OPEN Unit Operation using python script for calculations",
+          "CAPE-OPEN version 1.2", "identifier 50c3f11c-882a-48d5-bd54-fe6841c111bf",
+          "category 678c09a5-7d66-11d2-a67d-00105a42887f", "category 37e03033-63b9-4f55-b5c4-807bede03deb",
+          "service 1", "program Orvane.Operation.1", "general program Orvane.Operation"})
         CHECK_MESSAGE(said.find("\n" + std::string(line) + "\n") != said.npos, line);
     const std::size_t location = said.find("\nlocation ") + 10;
     CHECK(fs::equivalent(said.substr(location, said.find('\n', location) - location),

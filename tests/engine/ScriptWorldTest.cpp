@@ -105,8 +105,8 @@ TEST_CASE("The current folder and text beyond ASCII are the script's to use") {
     const TemporaryFolder folder("\u00e4\u4e2d\U0001f600");
     const std::filesystem::path before = std::filesystem::current_path();
     const std::string text = "\u00e4\u4e2d\U0001f600";
-    CHECK(printed("import os\nos.chdir('" + folder.utf8() +
-                  "')\nprint(os.path.basename(os.getcwd()))") == text + "\n");
+    CHECK(printed("import os\nos.chdir('" + folder.utf8() + "')\nprint(os.path.basename(os.getcwd()))") ==
+          text + "\n");
     CHECK(printed("print('still here')") == "still here\n");
     std::filesystem::current_path(before);
     CHECK(
@@ -130,7 +130,8 @@ TEST_CASE("A plotting back end that the user chose stays") {
 
 TEST_CASE("PYTHONPATH joins the search path behind the installation, the user's site folder does not") {
     const TemporaryFolder home("home");
-    const std::string atHome = ".local/lib/python3.14/site-packages/", roaming = "Python/Python314/site-packages/";
+    const std::string atHome = ".local/lib/python3.14/site-packages/",
+                      roaming = "Python/Python314/site-packages/";
     for (const std::string& user : {atHome, roaming}) home.write(user + "of_user.py", "");
     for (const char* variable : {"HOME", "APPDATA"}) setVariable(variable, home.path().string());
     unsetVariable("PYTHONUSERBASE");
@@ -143,13 +144,15 @@ TEST_CASE("PYTHONPATH joins the search path behind the installation, the user's 
     const std::string added = "site-packages>\n<" + one + ">\n<" + here + ">\n<" + two + ">\n";
     CHECK_MESSAGE(contains(path, added), path);
     // Windows' Python counts its own folder as one of installed modules.
-    CHECK(std::count(path.begin() + static_cast<long>(path.find(added) + added.size()), path.end(), '\n') <= 1);
+    CHECK(std::count(path.begin() + static_cast<long>(path.find(added) + added.size()), path.end(), '\n') <=
+          1);
     CHECK_FALSE(contains(path, home.path().string()));
 }
 
 TEST_CASE("A virtual environment of this Python joins the search path at its end") {
     const TemporaryFolder folder("venv");
-    const std::string modules = absoluteText(folder.path() / "lib/python3.14/site-packages"), one = absoluteText("/one");
+    const std::string modules = absoluteText(folder.path() / "lib/python3.14/site-packages"),
+                      one = absoluteText("/one");
     folder.write("pyvenv.cfg", "home = /usr/bin\nversion = 3.14.2\n");
     folder.write("lib/python3.14/site-packages/of_venv.py", "value = 'from the environment'\n");
     folder.write("elsewhere/linked.py", "value = 'linked'\n");

@@ -5,6 +5,7 @@
 #include "unit/EditingUnit.h"
 
 #include "host/ModuleLoader.h"
+#include "tests/TemporaryFolder.h"
 
 #include <filesystem>
 #include <functional>
@@ -12,9 +13,6 @@
 #include <string>
 
 namespace orvane::test {
-
-/// A new, empty folder, which is the caller's to remove.
-std::filesystem::path newTemporaryFolder();
 
 class EditorFolder {
 public:
@@ -24,7 +22,7 @@ public:
     EditorFolder& operator=(const EditorFolder&) = delete;
     ~EditorFolder();
 
-    const std::filesystem::path& path() const { return path_; }
+    const std::filesystem::path& path() const { return folder_.path(); }
     /// Puts an editor's library there later.
     void addLibrary(const std::filesystem::path& library);
     /// What the user does from now on whenever an editor is shown, and the editor's answer.
@@ -33,7 +31,7 @@ public:
     const host::ModuleLoader& module() const { return *module_; }
 
 private:
-    std::filesystem::path path_;
+    TemporaryFolder folder_;
     std::unique_ptr<host::ModuleLoader> module_;
 };
 

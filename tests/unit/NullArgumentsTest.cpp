@@ -54,7 +54,8 @@ TEST_CASE("A null where a slot gives or reads something answers 103, in every sl
 }
 
 TEST_CASE("The module's entry point answers 103 to a null") {
-    const orvane::host::DynamicLibrary module(std::filesystem::path(ORVANE_BIN) / "Orvane3.14.so");
+    const orvane::host::DynamicLibrary module(std::filesystem::path(ORVANE_BIN) /
+                                              orvane::host::moduleFileName());
     auto* const create = reinterpret_cast<CapeResult (*)(ICapeInterface**)>(module.symbol("createOrvane"));
     REQUIRE(static_cast<bool>(create));
     CHECK(create(nullptr) == nullPointer);

@@ -1,41 +1,15 @@
 // The unit with a COBIA runtime that is installed, with one that is too old, and with none.
+#include "tests/system/Environment.h"
+#include "tests/system/InstalledRuntime.h"
 #include "tests/unit/EditorFolder.h"
 #include "tests/unit/ListedMaterial.h"
 #include "tests/unit/TestHost.h"
 
 #include <doctest/doctest.h>
 
-#include <cstdlib>
-#include <fstream>
+#include <string>
 
 using namespace orvane::test;
-namespace fs = std::filesystem;
-
-namespace {
-
-/// An environment variable for the length of a test.
-class Variable {
-public:
-    Variable(const char* name, const std::string& value) : name_(name) {
-        if (const char* before = std::getenv(name)) before_ = before;
-        setenv(name, value.c_str(), 1);
-    }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-    ~Variable() {
-        if (before_)
-            setenv(name_, before_->c_str(), 1);
-        else
-            unsetenv(name_);
-    }
-
-private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
-
-}  // namespace
-
 TEST_CASE("A unit works with, without and despite a runtime, and describes bare codes accordingly") {
     struct Row {
         const char* registered;
@@ -49,13 +23,8 @@ TEST_CASE("A unit works with, without and despite a runtime, and describes bare 
         CAPTURE(row.registered);
         CAPTURE(row.version);
         const EditorFolder folder("");  // a module of its own looks for its runtime anew
-        fs::create_directory(folder.path() / "cape-open");
-        std::ofstream(folder.path() / "cape-open" / "registry.ini")
-            << "[Software\\CAPE-OPEN Laboratories Network\\COBIA\\x64]\ndefault=" << row.registered
-            << "\nversion=4000000000\n";
-        const Variable config("XDG_CONFIG_HOME", folder.path().string());
-        const Variable invoker("SUDO_UID", ""), other("PKEXEC_UID", "");
-        const Variable version("COBIA_FIXTURE_VERSION", row.version);
+        const InstalledRuntime runtime(row.registered);
+        setVariable("COBIA_FIXTURE_VERSION", row.version);
 
         TestHost host(folder.module(),
                       "import warnings\n"

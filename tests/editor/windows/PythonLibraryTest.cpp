@@ -106,13 +106,15 @@ TEST_CASE("child: none" * doctest::skip()) {
     for (const std::string& part :
          {std::string("the library of CPython 3.14, python314.dll, was not found: "),
           "HKEY_CURRENT_USER\\" + key + " is not there; ",
-          "'" + COBIA::toUtf8((all / "gone" / "python314.dll").native()) + "', named by HKEY_LOCAL_MACHINE\\" + key +
-              ", is not there; ",
-          "'" + COBIA::toUtf8((all / "beside" / "python314.dll").native()) + "' ", std::string("; PATH does not have it")})
+          "'" + COBIA::toUtf8((all / "gone" / "python314.dll").native()) +
+              "', named by HKEY_LOCAL_MACHINE\\" + key + ", is not there; ",
+          "'" + COBIA::toUtf8((all / "beside" / "python314.dll").native()) + "' ",
+          std::string("; PATH does not have it")})
         CHECK_MESSAGE(message.find(part) != message.npos, part);
 }
 
-TEST_CASE("Python's library is looked for where installers register it, then beside the module, then on the path") {
+TEST_CASE(
+    "Python's library is looked for where installers register it, then beside the module, then on the path") {
     for (const char* name : {"child: the user's comes first", "child: the machine's comes next",
                              "child: then the neighbour", "child: then the path"})
         inOwnProcess(name);

@@ -33,9 +33,8 @@ TEST_CASE("A library that is no unit operation ends with exit code 3") {
     const TestFolder folder;
     Dl_info library{};  // the system's own library stands for every other
     REQUIRE(dladdr(reinterpret_cast<void*>(&std::abort), &library) != 0);
-    checkFailure(
-        command({"run", heater, "--module", library.dli_fname, "--json", folder.file("r").string()}),
-        "does not export createOrvane");
+    checkFailure(command({"run", heater, "--module", library.dli_fname, "--json", folder.file("r").string()}),
+                 "does not export createOrvane");
     const auto error = nlohmann::json::parse(folder.read("r"))["error"].get<std::string>();
     CHECK(error.find("createOrvane") != std::string::npos);
 }

@@ -19,9 +19,9 @@ TEST_CASE("An installation's folders are searched in order, also where libraries
           "lib/python3.14/site-packages/x.py", "lib/python3.14/dist-packages/y.py", "bin/python3.14"})
         prefix.write(file, "");
     const std::string lib = prefix.utf8() + "/lib";
-    const std::vector<std::string> expected = {lib + "/python314.zip", lib + "/python3.14",
-                                               lib + "/python3.14/lib-dynload", lib + "/python3.14/site-packages",
-                                               lib + "/python3.14/dist-packages"};
+    const std::vector<std::string> expected = {
+        lib + "/python314.zip", lib + "/python3.14", lib + "/python3.14/lib-dynload",
+        lib + "/python3.14/site-packages", lib + "/python3.14/dist-packages"};
     for (const char* file : {"/libpython3.14.so.1.0", "/x86_64-linux-gnu/libpython3.14.so.1.0"}) {
         CHECK(installationPath(lib + file) == expected);
         CHECK(pythonProgram(lib + file) == prefix.utf8() + "/bin/python3.14");

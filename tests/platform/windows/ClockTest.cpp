@@ -25,10 +25,10 @@ std::string written(const std::string& picture) {
         const std::size_t end = std::min(picture.find_first_not_of(picture[i], i), picture.size());
         const bool two = end - i == 2;
         switch (picture[i]) {
-            case 'd': result += two ? "05" : "5"; break;
-            case 'M': result += two ? "03" : "3"; break;
-            case 'y': result += two ? "24" : "2024"; break;
-            default: result += picture.substr(i, end - i);
+        case 'd': result += two ? "05" : "5"; break;
+        case 'M': result += two ? "03" : "3"; break;
+        case 'y': result += two ? "24" : "2024"; break;
+        default: result += picture.substr(i, end - i);
         }
         i = end;
     }

@@ -8,7 +8,8 @@
 using namespace orvane;
 using orvane::test::TemporaryFolder;
 
-TEST_CASE("An installation is searched in the archive, DLLs, lib and site-packages, those that exist, in this order") {
+TEST_CASE(
+    "An installation is searched in the archive, DLLs, lib and site-packages, those that exist, in this order") {
     const TemporaryFolder folder("Python \u00e4\U0001f600");
     const std::string prefix = narrow(folder.path().native()) + "\\";
     const std::string library = prefix + "python314.dll";

@@ -25,7 +25,9 @@ TEST_CASE("An elevated process looks at the machine's root alone, any other at t
 
 TEST_CASE("Texts are read whole, other values are none") {
     OwnRegistry registry;
-    const auto read = [](const wchar_t* name) { return registryText(HKEY_CURRENT_USER, L"Software\\Some", name); };
+    const auto read = [](const wchar_t* name) {
+        return registryText(HKEY_CURRENT_USER, L"Software\\Some", name);
+    };
     CHECK_FALSE(read(L""));
     const std::wstring beyond = L"Gr\u00f6\u00dfe \xd83d\xde00 ", longText(5000, L'x');
     registry.user.text(L"Software\\Some", L"", beyond);

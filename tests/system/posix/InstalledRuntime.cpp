@@ -14,8 +14,8 @@ InstalledRuntime::InstalledRuntime(const std::string& folder) : system_(std::mak
     setVariable("XDG_CONFIG_HOME", system_->configHome.utf8());
     if (!folder.empty())
         system_->configHome.write("cape-open/registry.ini",
-                                  "[Software\\CAPE-OPEN Laboratories Network\\COBIA\\x64]\ndefault = " + folder +
-                                      "\nversion = 4000000000.0\n");
+                                  "[Software\\CAPE-OPEN Laboratories Network\\COBIA\\x64]\ndefault = " +
+                                      folder + "\nversion = 4000000000.0\n");
 }
 
 InstalledRuntime::~InstalledRuntime() { unsetVariable("XDG_CONFIG_HOME"); }

@@ -24,17 +24,18 @@ public:
     private:
         friend OwnRegistry;
         explicit Root(const std::wstring& path) {
-            check(RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
-                                  nullptr, &key_, nullptr));
+            check(RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+                                  KEY_ALL_ACCESS, nullptr, &key_, nullptr));
         }
         Root(const Root&) = delete;
         Root& operator=(const Root&) = delete;
         ~Root() { RegCloseKey(key_); }
 
-        void write(const std::wstring& path, const std::wstring& name, DWORD type, const void* data, std::size_t size) {
+        void write(const std::wstring& path, const std::wstring& name, DWORD type, const void* data,
+                   std::size_t size) {
             HKEY key = nullptr;
-            check(RegCreateKeyExW(key_, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr, &key,
-                                  nullptr));
+            check(RegCreateKeyExW(key_, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr,
+                                  &key, nullptr));
             const LSTATUS status = RegSetValueExW(key, name.c_str(), 0, type, static_cast<const BYTE*>(data),
                                                   static_cast<DWORD>(size));
             RegCloseKey(key);

@@ -40,7 +40,8 @@ std::wstring environmentBlock(const std::vector<std::string>& added) {
 
 HANDLE inheritable(const wchar_t* file, DWORD access, DWORD disposition) {
     SECURITY_ATTRIBUTES attributes{sizeof attributes, nullptr, TRUE};
-    return CreateFileW(file, access, FILE_SHARE_READ | FILE_SHARE_WRITE, &attributes, disposition, 0, nullptr);
+    return CreateFileW(file, access, FILE_SHARE_READ | FILE_SHARE_WRITE, &attributes, disposition, 0,
+                       nullptr);
 }
 
 }  // namespace
@@ -65,8 +66,8 @@ Process::Process(const std::vector<std::string>& words, const std::vector<std::s
     start.hStdError = inheritable(errors.c_str(), GENERIC_WRITE, CREATE_ALWAYS);
     PROCESS_INFORMATION started{};
     const bool running = CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE,
-                                        CREATE_UNICODE_ENVIRONMENT | CREATE_NO_WINDOW,
-                                        variables.data(), nullptr, &start, &started);
+                                        CREATE_UNICODE_ENVIRONMENT | CREATE_NO_WINDOW, variables.data(),
+                                        nullptr, &start, &started);
     for (const HANDLE handle : {start.hStdInput, start.hStdOutput, start.hStdError}) CloseHandle(handle);
     if (!running) throw std::runtime_error("cannot start " + words[0]);
     CloseHandle(started.hThread);

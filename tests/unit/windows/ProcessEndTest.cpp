@@ -43,7 +43,8 @@ End endOf(const std::string& name) {
     wchar_t program[1024];
     GetModuleFileNameW(nullptr, program, 1024);
     Process process({toUtf8(program), "--no-skip", "--test-case=" + name},
-                    {"ORVANE_WORD=" + folder.utf8() + "/word"}, folder.path() / "out", folder.path() / "errors");
+                    {"ORVANE_WORD=" + folder.utf8() + "/word"}, folder.path() / "out",
+                    folder.path() / "errors");
     const int exitCode = process.wait(30);
     std::ifstream word(folder.path() / "word");
     return {exitCode, {std::istreambuf_iterator<char>(word), {}}};
@@ -65,7 +66,8 @@ TEST_CASE("child: ExitProcess with a unit" * doctest::skip()) {
     if (forgotten->calculate().succeeded()) ExitProcess(7);
 }
 
-TEST_CASE("A process that ends through its C runtime ends the interpreter in order, whatever threads scripts left") {
+TEST_CASE(
+    "A process that ends through its C runtime ends the interpreter in order, whatever threads scripts left") {
     for (const char* name : {"child: exit", "child: exit with threads"}) {
         CAPTURE(name);
         const End end = endOf(name);
@@ -74,7 +76,8 @@ TEST_CASE("A process that ends through its C runtime ends the interpreter in ord
     }
 }
 
-TEST_CASE("A process that ends past its C runtime neither hangs nor crashes, and ends the interpreter where it can") {
+TEST_CASE(
+    "A process that ends past its C runtime neither hangs nor crashes, and ends the interpreter where it can") {
     const End end = endOf("child: ExitProcess");
     CHECK(end.exitCode == 7);
     CHECK(end.word == "done");

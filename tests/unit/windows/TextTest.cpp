@@ -7,7 +7,8 @@
 
 using namespace orvane::test;
 
-TEST_CASE("The default script is the module's resource PYTHON 102, byte for byte, and what a new unit saves") {
+TEST_CASE(
+    "The default script is the module's resource PYTHON 102, byte for byte, and what a new unit saves") {
     const HMODULE module =
         LoadLibraryExW(L"" ORVANE_BIN "/Orvane3.14.dll", nullptr, LOAD_LIBRARY_AS_IMAGE_RESOURCE);
     REQUIRE(module);
@@ -30,17 +31,18 @@ TEST_CASE("A script has the line ends of Windows once it was loaded, and then st
 }
 
 TEST_CASE("Names beyond the basic plane cross the boundary whole") {
-    TestHost host("def Configure(unit):\n"
-                  "    unit.add_port('Gr\u00f6\u00dfe \U0001f600', unit.PortType.MATERIAL, unit.PortDirection.FEED,"
-                  " optional=True)\n"
-                  "def Calculate(unit): print('\U00010348')\n");
+    TestHost host(
+        "def Configure(unit):\n"
+        "    unit.add_port('Gr\u00f6\u00dfe \U0001f600', unit.PortType.MATERIAL, unit.PortDirection.FEED,"
+        " optional=True)\n"
+        "def Calculate(unit): print('\U00010348')\n");
     CHECK(host.names(host.ports()) == std::vector<std::string>{"Gr\u00f6\u00dfe \U0001f600"});
     CHECK(TestHost::outcome([&] { host.port("GR\u00d6\u00dfE \U0001f600"); }).succeeded());
     REQUIRE(host.calculate().succeeded());
     CHECK(host.lastCalculation().find("\U00010348") != std::string::npos);
 
     StringObject name;
-    call<&ICapeIdentification::Table::getComponentName>(query<ICapeIdentification>(host.port("gr\u00f6\u00dfe \U0001f600")),
-                                                        name.out());
+    call<&ICapeIdentification::Table::getComponentName>(
+        query<ICapeIdentification>(host.port("gr\u00f6\u00dfe \U0001f600")), name.out());
     CHECK(std::wstring(name.view()) == L"Gr\u00f6\u00dfe \xd83d\xde00");
 }
