@@ -16,7 +16,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace orvane {
@@ -48,9 +47,10 @@ public:
 
     // ICapePersist
 
-    /// Never clears the modified flag, whatever the host asks for.
+    /// Never clears the modified flag, whatever the host asks for. While a Configure fails, what was loaded for its
+    /// parameters is saved as it came.
     void save(COBIA::ICapePersistWriter* writer, bool clearDirty);
-    /// Takes nothing over unless all of it can be read.
+    /// Takes nothing over unless all that matters can be read; what does not is a warning.
     void load(COBIA::ICapePersistReader* reader);
     bool isDirty() const { return modified_; }
 
@@ -92,6 +92,7 @@ private:
     /// The declared ports and parameters take the place of those before; one that was there already keeps its connection
     /// or value, and hosts their reference to it.
     void adoptDeclarations();
+    /// Puts the loaded values into the parameters, all of them before the first warning goes to the host.
     void restoreSavedValues();
 
     /// Why the unit cannot calculate, or nothing.
@@ -164,9 +165,10 @@ private:
     Declarations declaring_;  // what the running Configure has declared so far
     Declarations
         declared_;  // what the last successful one declared; ports and parameters are in the collections
-    std::map<std::string, std::string> reports_;  // text by upper-cased name
-    std::unordered_map<std::string, StoredValue>
-        savedValues_;                         // loaded, until Configure declares their parameters
+    std::map<std::string, std::string> reports_;          // text by upper-cased name
+    std::vector<UnitState::SavedParameter> savedValues_;  // loaded, until Configure declares their parameters
+    std::vector<std::uint8_t>
+        unreadPrivateData_;                   // loaded, but could not be restored: kept for the next Save
     std::vector<HostObjectHolder*> holders_;  // alive, each with a hold on objects of the host
 };
 

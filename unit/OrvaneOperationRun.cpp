@@ -6,8 +6,8 @@
 #include "parameters/MakeParameter.h"
 #include "parameters/ParameterObject.h"
 #include "platform/Clock.h"
-#include "thermo/MaterialPort.h"
 #include "unit/CompoundCheck.h"
+#include "unit/MakePort.h"
 #include "unit/OrvaneOperation.h"
 
 #include <algorithm>
@@ -116,20 +116,22 @@ void OrvaneOperation::restoreSavedValues() {
     if (savedValues_.empty() || !configureError_.empty()) return;
     const auto saved = std::exchange(savedValues_, {});
     const ScriptSession session;
+    std::vector<std::string> warnings;
     for (const Ref<Parameter>& parameter : parameters_->items()) {
         const std::string name = parameter->name();
-        const auto found = saved.find(name);
+        const auto found = std::ranges::find(saved, name, &UnitState::SavedParameter::name);
         if (found == saved.end()) {
-            warn("Value for '" + name + "' was not loaded");
+            warnings.push_back("Value for '" + name + "' was not loaded");
             continue;
         }
         try {
-            parameter->restore(found->second);
+            parameter->restore(found->value);
         }
         catch (const std::exception& error) {
-            warn("Value for '" + name + "' was not restored: " + error.what());
+            warnings.push_back("Value for '" + name + "' was not restored: " + error.what());
         }
     }
+    for (const std::string& warning : warnings) warn(warning);
 }
 
 // Validation
@@ -233,11 +235,7 @@ void OrvaneOperation::collectOutput() {
 
 void OrvaneOperation::addPort(const PortDeclaration& port) {
     declaring_.checkPort(port.name, runState_ == RunState::configuring);
-    if (port.type != PortTypeCode::material)
-        throw StringException() << "port '" << port.name
-                                << "': only material ports can be added in this version";
-    declaring_.ports.push_back(
-        makeObject<MaterialPort>(static_cast<PortOwner&>(*this), port.name, port.isFeed, port.optional));
+    declaring_.ports.push_back(makePort(*this, port));
 }
 
 void OrvaneOperation::addParameter(const ParameterDeclaration& parameter) {
