@@ -1,4 +1,5 @@
-// A material object that costs nothing: three compounds, two phases of which the vapour is present, and fixed answers.
+// A material object that costs nothing: any number of compounds, two phases of which the vapour or both are present, and
+// fixed answers.
 // What a unit's calls take on it is the unit's own time.
 #pragma once
 
@@ -20,11 +21,18 @@ public:
     using Reals = std::span<const double>;
     using Names = std::vector<std::string>;
 
+    explicit FreeMaterial(std::size_t compounds = 3, bool twoPhases = false)
+        : x_(compounds, 1.0 / static_cast<double>(compounds)), none_{"", ""} {
+        for (std::size_t i = 0; i < compounds; ++i) compounds_.push_back("compound " + std::to_string(i));
+        if (twoPhases) present_.push_back("Liquid");
+    }
+
     void clearAllProps() {}
     void copyFromMaterial(COBIA::ICapeThermoMaterial*) {}
     COBIA::Ref<COBIA::ICapeThermoMaterial> createMaterial() {
         return COBIA::Ref<COBIA::ICapeThermoMaterial>::share(
-            COBIA::makeObject<FreeMaterial>()->as<COBIA::ICapeThermoMaterial>());
+            COBIA::makeObject<FreeMaterial>(x_.size(), present_.size() == 2)
+                ->as<COBIA::ICapeThermoMaterial>());
     }
     void overallProp(CapeTextView, CapeTextView, RealsOut values) { values.resize(1)[0] = 10; }
     void overallTPFraction(double& temperature, double& pressure, RealsOut fractions) {
@@ -34,13 +42,13 @@ public:
     }
     void presentPhases(TextsOut labels, EnumerationsOut status) {
         labels.assign(present_);
-        status.resize(1)[0] = 1;
+        status.assign(std::vector<COBIA::CapeEnumeration>(present_.size(), 1));
     }
     void singlePhaseProp(CapeTextView property, CapeTextView, CapeTextView, RealsOut values) {
         if (property == fraction_)
             values.assign(x_);
         else
-            values.resize(1)[0] = 1;
+            values.resize(1)[0] = property == phaseFraction_ ? 1.0 / static_cast<double>(present_.size()) : 1;
     }
     void tpFraction(CapeTextView, double& temperature, double& pressure, RealsOut fractions) {
         overallTPFraction(temperature, pressure, fractions);
@@ -58,7 +66,7 @@ public:
         for (const RealsOut& reals : {boilingPoints, weights}) reals.assign(x_);
     }
     Names constantProperties() const { return {}; }
-    COBIA::CapeInteger compoundCount() const { return 3; }
+    COBIA::CapeInteger compoundCount() const { return static_cast<COBIA::CapeInteger>(x_.size()); }
     void pressureDependentProperties(TextsView, double, TextsView, COBIA::CapeBoolean&, RealsOut) const {}
     Names pressureDependentPropertyNames() const { return {}; }
     void temperatureDependentProperties(TextsView, double, TextsView, COBIA::CapeBoolean&, RealsOut) const {}
@@ -88,9 +96,9 @@ protected:
     std::string errorSource() const override { return "free material"; }
 
 private:
-    COBIA::CapeText fraction_ = COBIA::toCape("fraction");
-    std::vector<double> x_ = {0.5, 0.3, 0.2};
-    Names compounds_ = {"a", "b", "c"}, phases_ = {"Vapor", "Liquid"}, present_ = {"Vapor"}, none_ = {"", ""};
+    COBIA::CapeText fraction_ = COBIA::toCape("fraction"), phaseFraction_ = COBIA::toCape("phaseFraction");
+    std::vector<double> x_;
+    Names compounds_, phases_ = {"Vapor", "Liquid"}, present_ = {"Vapor"}, none_;
 };
 
 }  // namespace orvane::bench

@@ -1,107 +1,29 @@
-// What the unit operation costs: a calculation and a property call, against the same calls of the host made from C++ and
+// What the unit operation costs: a calculation, against the same calls of the host made from C++ and
 // against the limits set for them; and the orvane command from its start to its result.
 // Not here: the flashes of the property package (FlashBench).
 #include "bench/FreeMaterial.h"
-#include "cobia/Call.h"
+#include "bench/Measure.h"
+#include "bench/Unit.h"
 #include "host/MaterialObject.h"
-#include "host/ModuleLoader.h"
-#include "host/PersistStore.h"
 #include "package/CompoundTable.h"
 
 #include <benchmark/benchmark.h>
 
 #include <chrono>
 #include <cstdlib>
-#include <ctime>
 
 namespace {
 
-using namespace COBIA;
 using namespace orvane;
-using orvane::bench::FreeMaterial;
+using namespace orvane::bench;
 using Clock = std::chrono::steady_clock;
 
 constexpr double calculateLimit = 15e-6;  // s above the host's own calls
-constexpr double propertyLimit = 1e-6;    // likewise
 constexpr double startLimit = 150e-3;     // s, the whole process
-
-constexpr const char* ports =
-    "def Configure(unit):\n"
-    "    unit.add_port('Feed', unit.PortType.MATERIAL, unit.PortDirection.FEED)\n"
-    "    unit.add_port('Product', unit.PortType.MATERIAL, unit.PortDirection.PRODUCT)\n"
-    "    unit.add_parameter('N', unit.ParameterType.INTEGER, unit.ParameterMode.INPUT, default=1)\n";
-
-/// A unit with a feed and a product connected, ready to calculate.
-class Unit {
-public:
-    Unit(const char* script, ICapeInterface* feed, ICapeInterface* product) {
-        static const host::ModuleLoader module(std::filesystem::path(ORVANE_BIN) / "Orvane3.14.so");
-        object_ = module.createUnit();
-        if (script) load(script);
-        connect("Feed", feed);
-        connect("Product", product);
-    }
-
-    void calculate() { call<&ICapeUnit::Table::Calculate>(unit()); }
-
-    template <class I> Ref<I> parameter(const char* name) {
-        const auto all = obtain<ICapeCollection, &ICapeUtilities::Table::getParameters>(
-            query<ICapeUtilities>(object_).get());
-        return query<I>(
-            obtain<ICapeInterface, &ICapeCollection::Table::ItemByName>(all.get(), StringObject(name).in()));
-    }
-
-private:
-    Ref<ICapeUnit> unit() const { return query<ICapeUnit>(object_); }
-
-    void load(const char* script) {
-        const auto store = makeObject<host::PersistStore>();
-        store->addString("python", script);
-        for (const char* item : {"lastOutput", "runReportHeader", "runReportFooter"})
-            store->addString(item, "");
-        store->addTexts("parameterNames", {});
-        store->addIntegers("parameterTypes", {});
-        call<&ICapePersist::Table::Load>(query<ICapePersist>(object_), store->as<ICapePersistReader>());
-    }
-
-    void connect(const char* name, ICapeInterface* object) {
-        const auto all = obtain<ICapeCollection, &ICapeUnit::Table::ports>(unit().get());
-        const auto port =
-            obtain<ICapeInterface, &ICapeCollection::Table::ItemByName>(all.get(), StringObject(name).in());
-        call<&ICapeUnitPort::Table::Connect>(query<ICapeUnitPort>(port), object);
-    }
-
-    Ref<ICapeInterface> object_;
-};
-
-/// Seconds of processor time that one call of `body` takes.
-template <class Body> double secondsOf(int repeats, Body&& body) {
-    const std::clock_t start = std::clock();
-    for (int i = 0; i < repeats; ++i) body();
-    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / repeats;
-}
-
-/// Times the body alternately with its peer, so that both meet the same machine, and states the difference.
-template <class Body, class Peer>
-void measureAbove(benchmark::State& state, double limit, int perBody, Body&& body, Peer&& peer) {
-    double own = 0, others = 0;
-    std::int64_t rounds = 0;
-    for (auto _ : state) {
-        others += secondsOf(1000, peer);
-        const double seconds = secondsOf(1, body) / perBody;
-        own += seconds;
-        state.SetIterationTime(seconds);
-        ++rounds;
-    }
-    const double above = (own - others) / static_cast<double>(rounds);
-    state.counters["host us"] = others / static_cast<double>(rounds) * 1e6;
-    state.counters["above us"] = above * 1e6;
-    state.counters["of limit"] = above / limit;
-}
 
 void emptyCalculate(benchmark::State& state) {
     const auto feed = makeObject<FreeMaterial>(), product = makeObject<FreeMaterial>();
-    Unit unit((std::string(ports) + "def Calculate(unit):\n    pass\n").c_str(),
+    Unit unit((std::string(feedAndProduct) + "def Calculate(unit):\n    pass\n").c_str(),
               feed->as<ICapeThermoMaterial>(), product->as<ICapeThermoMaterial>());
     unit.calculate();
     const Ref<ICapeThermoMaterial> material = query<ICapeThermoMaterial>(feed->as<ICapeThermoMaterial>());
@@ -122,49 +44,6 @@ BENCHMARK(emptyCalculate)
     ->Name("Calculate of an empty script")
     ->UseManualTime()
     ->Iterations(1000)
-    ->Unit(benchmark::kMicrosecond);
-
-void feedEnthalpy(benchmark::State& state) {
-    const auto feed = makeObject<FreeMaterial>(), product = makeObject<FreeMaterial>();
-    constexpr int calls = 1000;
-    Unit unit((std::string(ports) + "def Calculate(unit):\n"
-                                    "    fd = unit.ports['Feed']\n"
-                                    "    for i in range(unit.parameters['N'].value):\n"
-                                    "        fd.get_property('enthalpy')\n")
-                  .c_str(),
-              feed->as<ICapeThermoMaterial>(), product->as<ICapeThermoMaterial>());
-    call<&ICapeIntegerParameter::Table::putValue>(unit.parameter<ICapeIntegerParameter>("N"),
-                                                  CapeInteger{calls});
-    unit.calculate();
-
-    using Thermo = ICapeThermoMaterial::Table;
-    const Ref<ICapeThermoMaterial> material = query<ICapeThermoMaterial>(feed->as<ICapeThermoMaterial>());
-    const auto routine = query<ICapeThermoPropertyRoutine>(material);
-    const StringObject temperature("temperature"), pressure("pressure"), fraction("fraction"),
-        enthalpy("enthalpy"), mole("mole"), none, vapor("Vapor");
-    const StringArray properties({"enthalpy"});
-    const double t = 300, p = 1e5, x[] = {0.5, 0.3, 0.2};
-    StringArray present;
-    EnumerationArray status;
-    RealArray result;
-    const auto hostCalls = [&] {
-        call<&Thermo::GetPresentPhases>(material, present.out(), status.out());
-        call<&Thermo::SetSinglePhaseProp>(material, temperature.in(), vapor.in(), none.in(),
-                                          RealView({&t, 1}).in());
-        call<&Thermo::SetSinglePhaseProp>(material, pressure.in(), vapor.in(), none.in(),
-                                          RealView({&p, 1}).in());
-        call<&Thermo::SetSinglePhaseProp>(material, fraction.in(), vapor.in(), mole.in(), RealView(x).in());
-        call<&ICapeThermoPropertyRoutine::Table::CalcSinglePhaseProp>(routine, properties.in(), vapor.in());
-        call<&Thermo::GetSinglePhaseProp>(material, enthalpy.in(), vapor.in(), mole.in(), result.out());
-        benchmark::DoNotOptimize(result.view()[0]);
-    };
-    measureAbove(
-        state, propertyLimit, calls, [&] { unit.calculate(); }, hostCalls);
-}
-BENCHMARK(feedEnthalpy)
-    ->Name("get_property('enthalpy') of a feed")
-    ->UseManualTime()
-    ->Iterations(500)
     ->Unit(benchmark::kMicrosecond);
 
 void heater(benchmark::State& state) {

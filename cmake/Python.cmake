@@ -39,7 +39,8 @@ function(orvane_find_python)
     list(TRANSFORM libraryFolders REPLACE "^-L" "")
     cmake_path(GET header PARENT_PATH includeRoot)
     cmake_path(GET includeRoot PARENT_PATH prefix)
-    find_library(library NAMES libpython3.14.so
+    # The second name is that of a debug build of the interpreter, which counts references.
+    find_library(library NAMES libpython3.14.so libpython3.14d.so
         PATHS ${libraryFolders} "${prefix}/lib" "${prefix}/lib/${CMAKE_LIBRARY_ARCHITECTURE}"
         NO_CACHE NO_DEFAULT_PATH)
     if(NOT library)

@@ -7,32 +7,18 @@
 #include "engine/Traceback.h"
 
 #include <algorithm>
-#include <string_view>
+#include <limits>
 
 namespace orvane {
 namespace {
 
-/// Letters beyond ASCII count as letters by each of their bytes.
-bool isLetterOrDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c & 0x80);
-}
-
-/// Python writes and prints "nan", but has no such name.
-std::string withNanSpelledOut(std::string_view text) {
-    static constexpr std::string_view word = "nan";
-    std::string result;
-    for (std::size_t at = 0; at < text.size();) {
-        const bool here = text.substr(at, word.size()) == word;
-        const char before = at == 0 ? ' ' : text[at - 1];
-        const char after = at + word.size() < text.size() ? text[at + word.size()] : ' ';
-        if (here && !isLetterOrDigit(before) && before != '.' && !isLetterOrDigit(after)) {
-            result += "float(\"nan\")";
-            at += word.size();
-        } else {
-            result += text[at++];
-        }
-    }
-    return result;
+/// Python shows some numbers by words that it does not read. As names they are read wherever they stand free, and are
+/// left alone within texts.
+PyRef namesOfNumbers() {
+    const PyRef names = PyRef::steal(PyDict_New());
+    check(PyDict_SetItemString(names.get(), "nan", toPython(std::numeric_limits<double>::quiet_NaN()).get()));
+    check(PyDict_SetItemString(names.get(), "inf", toPython(std::numeric_limits<double>::infinity()).get()));
+    return names;
 }
 
 }  // namespace
@@ -41,10 +27,10 @@ CallTexts evaluateExpression(const std::string& text, const std::function<void(P
     PythonEntry entry;
     try {
         const std::size_t start = std::min(text.find_first_not_of(" \t"), text.size());
-        const std::string expression = withNanSpelledOut(std::string_view(text).substr(start));
+        const std::string expression = text.substr(start);
         const ShownSource shown(sourceOf(expression));
         const int status = pythonGuard([&] {
-            const PyRef names = PyRef::steal(PyDict_New());
+            const PyRef names = namesOfNumbers();
             const PyRef value = runText(expression, Py_eval_input, names.get());
             if (!value) throw PythonErrorSet();
             receive(value.get());

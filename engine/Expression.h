@@ -12,7 +12,7 @@
 namespace orvane {
 
 /// Evaluates an expression in a namespace of its own and hands the result to `receive`, which throws what it refuses
-/// the value with. A "nan" that stands free in the text is the float. Gives what was printed, and what went wrong, empty
+/// the value with. The words nan and inf are the floats. Gives what was printed, and what went wrong, empty
 /// when all is well. Throws only when the interpreter did not start.
 CallTexts evaluateExpression(const std::string& text, const std::function<void(PyObject*)>& receive);
 

@@ -30,9 +30,9 @@ PyTypeObject outputRedirectorType = {
 };
 
 PyRef OutputRedirector::write(PyObject* arguments) {
-    const char* utf8 = nullptr;
-    if (!PyArg_ParseTuple(arguments, "s:write", &utf8)) throw PythonErrorSet();
-    text += utf8;
+    PyObject* written = nullptr;
+    if (!PyArg_ParseTuple(arguments, "U:write", &written)) throw PythonErrorSet();
+    text += toText(written);
     return PyRef::share(Py_None);
 }
 

@@ -1,11 +1,13 @@
 #include "engine/PrivateData.h"
 
+#include "cobia/Error.h"
 #include "engine/Conversion.h"
 #include "engine/PythonEntry.h"
 #include "engine/Traceback.h"
 #include "engine/UnitObject.h"
 
 #include <string>
+#include <string_view>
 
 namespace orvane {
 namespace {
@@ -18,7 +20,7 @@ void warnOfErrors(PythonEntry& entry, ScriptedUnit& unit) {
 
 }  // namespace
 
-std::vector<std::uint8_t> storePrivateData(ScriptedUnit& unit) {
+std::vector<std::uint8_t> storePrivateData(ScriptedUnit& unit, const ScriptModule& script) {
     PythonEntry entry;
     std::vector<std::uint8_t> stored;
     try {
@@ -30,11 +32,21 @@ std::vector<std::uint8_t> storePrivateData(ScriptedUnit& unit) {
             char* begin = nullptr;
             Py_ssize_t size = 0;
             check(PyBytes_AsStringAndSize(bytes.get(), &begin, &size));
+            // A reference to something of a module is stored with the module's name, and this name is unique.
+            if (std::string_view(begin, static_cast<std::size_t>(size)).find(script.name()) !=
+                std::string_view::npos)
+                throw COBIA::StringException(
+                    "it holds a class, a function or an instance of a class that the script defines, which "
+                    "another session cannot find; store numbers, texts, lists and dictionaries, or define "
+                    "the class in a module on the search path");
             stored.assign(begin, begin + size);
         }
     }
     catch (const PythonErrorSet&) {
         printError();
+    }
+    catch (const COBIA::StringException& refusal) {
+        entry.engine().errorText() += refusal.what();
     }
     warnOfErrors(entry, unit);
     return stored;

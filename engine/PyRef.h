@@ -52,6 +52,18 @@ private:
     PyObject* object_ = nullptr;
 };
 
+/// Puts the error that is set aside, if any, for work on the way out of a failure.
+class KeptError {
+public:
+    KeptError() noexcept : error_(PyErr_GetRaisedException()) {}
+    KeptError(const KeptError&) = delete;
+    KeptError& operator=(const KeptError&) = delete;
+    ~KeptError() { PyErr_SetRaisedException(error_); }
+
+private:
+    PyObject* error_;
+};
+
 /// For calls that answer -1 and set an error: throws PythonErrorSet.
 inline void check(int status) {
     if (status < 0) throw PythonErrorSet();

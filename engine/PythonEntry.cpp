@@ -7,6 +7,17 @@ namespace {
 
 int depth = 0;  // of sessions within sessions; under the engine lock
 
+/// A thread that holds the interpreter lock, as one of another component may, lets go of it while it waits: whoever holds
+/// the engine lock may need it.
+std::unique_lock<std::recursive_mutex> lockEngine() {
+    std::unique_lock<std::recursive_mutex> lock(engineLock(), std::try_to_lock);
+    if (lock) return lock;
+    PyThreadState* const holding = Py_IsInitialized() && PyGILState_Check() ? PyEval_SaveThread() : nullptr;
+    lock.lock();
+    if (holding) PyEval_RestoreThread(holding);
+    return lock;
+}
+
 ScriptEngine& startedEngine() {
     ScriptEngine& engine = scriptEngine();
     if (!engine.startupError().empty()) throw COBIA::StringException(engine.startupError());
@@ -19,7 +30,7 @@ void restore(const char* name, const PyRef& kept) noexcept {
 
 }  // namespace
 
-ScriptSession::ScriptSession() : engineLock_(engineLock()), engine_(startedEngine()) {
+ScriptSession::ScriptSession() : engineLock_(lockEngine()), engine_(startedEngine()) {
     outerOutput_ = takeOutput();
     outerErrors_ = takeErrors();
     ++depth;

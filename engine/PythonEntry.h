@@ -37,7 +37,7 @@ public:
     std::string takeErrors() noexcept { return std::exchange(engine_.errorText(), {}); }
 
 private:
-    std::lock_guard<std::recursive_mutex> engineLock_;
+    std::unique_lock<std::recursive_mutex> engineLock_;
     ScriptEngine& engine_;
     InterpreterLock interpreterLock_;
     std::string outerOutput_, outerErrors_;

@@ -40,6 +40,7 @@ public:
     WarningRecorder(const WarningRecorder&) = delete;
     WarningRecorder& operator=(const WarningRecorder&) = delete;
     ~WarningRecorder() {
+        const KeptError kept;
         if (records_ && !PyRef::stealMaybe(PyObject_CallMethod(context_.get(), "__exit__", "OOO", Py_None,
                                                                Py_None, Py_None)))
             PyErr_Clear();
@@ -71,21 +72,34 @@ private:
     PyRef records_;  // a list
 };
 
-/// What a call puts into the dictionaries of `unit`, for as long as it lasts.
+/// What a call puts into the dictionaries of `unit`, for as long as it lasts. What an outer call of the same unit had put
+/// there stands aside meanwhile.
 class CallDictionaries {
 public:
     CallDictionaries(ScriptedUnit& unit, FunctionKind kind)
         : unit_(unit),
           object_(unit.unitObject()),
           content_(contentOf<UnitObject>(object_.get())),
-          kind_(kind) {}
+          kind_(kind) {
+        if (kind_ == FunctionKind::configure) return;
+        for (Dictionary& dictionary : dictionaries_) {
+            if (PyDict_GET_SIZE(dictionary.object.get()) == 0) continue;
+            dictionary.outer = PyRef::steal(PyDict_Copy(dictionary.object.get()));
+            PyDict_Clear(dictionary.object.get());
+        }
+        unit_.beginCall();
+    }
     CallDictionaries(const CallDictionaries&) = delete;
     CallDictionaries& operator=(const CallDictionaries&) = delete;
     ~CallDictionaries() {
         if (kind_ == FunctionKind::configure) return;
-        for (const PyRef* dictionary : {&content_.ports, &content_.parameters, &content_.reports})
-            PyDict_Clear(dictionary->get());
-        unit_.releaseWrappers();
+        const KeptError kept;
+        for (const Dictionary& dictionary : dictionaries_) {
+            PyDict_Clear(dictionary.object.get());
+            if (dictionary.outer && PyDict_Update(dictionary.object.get(), dictionary.outer.get()) < 0)
+                PyErr_Clear();
+        }
+        unit_.endCall();
     }
 
     void fill() {
@@ -110,9 +124,15 @@ public:
     }
 
 private:
+    struct Dictionary {
+        PyRef object;
+        PyRef outer;  // a copy of what an outer call had put there; empty when that was nothing
+    };
+
     ScriptedUnit& unit_;
     PyRef object_;
     UnitObject& content_;
+    Dictionary dictionaries_[3] = {{content_.ports, {}}, {content_.parameters, {}}, {content_.reports, {}}};
     FunctionKind kind_;
     std::vector<std::pair<std::string, PyRef>> reports_;
 };

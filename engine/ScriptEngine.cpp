@@ -70,12 +70,35 @@ std::wstring pythonExecutable() {
     return {};
 }
 
+/// The interpreter that this process runs or would run. Where the host brings one of its own, that can be any.
+void requireFittingVersion() {
+    const std::string version = Py_GetVersion();
+    if (!version.starts_with("3.14."))
+        throw COBIA::StringException()
+            << "this process already has Python " << version.substr(0, version.find(' '))
+            << "; this unit operation needs Python 3.14";
+}
+
+/// The interpreter's end waits for threads that scripts left running, and the simulator would never close. They get a
+/// moment to end in order; after that nobody waits for them.
+void endThreads() noexcept {
+    if (!PyDict_GetItemString(PyImport_GetModuleDict(), "threading")) return;
+    if (PyRun_SimpleString("import threading\n"
+                           "if threading.active_count() > 1:\n"
+                           "    end = threading.Thread(target=threading._shutdown, daemon=True)\n"
+                           "    end.start()\n"
+                           "    end.join(1)\n"
+                           "    threading._shutdown = lambda: None\n") < 0)
+        PyErr_Clear();
+}
+
 }  // namespace
 
 ScriptEngine::ScriptEngine(std::span<const ScriptingType> types) noexcept {
     PyGILState_STATE lock{};
     bool locked = false;
     try {
+        requireFittingVersion();
         const bool foreign = Py_IsInitialized() != 0;
         if (foreign) {
             lock = PyGILState_Ensure();
@@ -87,6 +110,7 @@ ScriptEngine::ScriptEngine(std::span<const ScriptingType> types) noexcept {
         if (!interpreterActive_) throw COBIA::StringException("Py_Initialize failed");
         addTypes(types);
         importModules();
+        if (!foreign) addVirtualEnvironment();
         if (!foreign) savedThread_ = PyEval_SaveThread();
     }
     catch (const PythonErrorSet&) {
@@ -143,6 +167,15 @@ void ScriptEngine::importModules() {
     stderrCapture_ = createObject<OutputRedirector>(outputRedirectorType);
 }
 
+void ScriptEngine::addVirtualEnvironment() {
+    const auto folder = environmentVariable("VIRTUAL_ENV");
+    const auto modules = folder ? virtualEnvironmentPath(*folder) : std::nullopt;
+    if (!modules) return;
+    // The interpreter's own means, since such a folder may name further ones.
+    const PyRef site = PyRef::steal(PyImport_ImportModule("site"));
+    PyRef::steal(PyObject_CallMethod(site.get(), "addsitedir", "s", modules->c_str()));
+}
+
 ScriptEngine::~ScriptEngine() {
     // Another component that started the interpreter may have ended it already.
     if (!interpreterActive_ || !Py_IsInitialized()) {
@@ -151,9 +184,12 @@ ScriptEngine::~ScriptEngine() {
         return;
     }
     const PyGILState_STATE lock = PyGILState_Ensure();
+    endThreads();
     for (PyRef* reference : {&warnings_, &stdoutCapture_, &stderrCapture_, &pickle_, &lineCache_})
         *reference = PyRef();
     PyGILState_Release(lock);
+    // With the state of the thread that started the interpreter, whichever thread ends the process: the interpreter ends
+    // with that state alone. Only its debug builds object.
     if (savedThread_)
         PyEval_RestoreThread(savedThread_);
     else

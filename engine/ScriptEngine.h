@@ -40,6 +40,7 @@ private:
     void startInterpreter();
     void addTypes(std::span<const ScriptingType> types);
     void importModules();
+    void addVirtualEnvironment();
 
     std::string startupError_;
     PyThreadState* savedThread_ = nullptr;  // when this engine started the interpreter

@@ -1,6 +1,7 @@
 #include "engine/ScriptModule.h"
 
 #include "cobia/Error.h"
+#include "engine/Conversion.h"
 #include "engine/PythonEntry.h"
 #include "engine/ScriptSource.h"
 #include "engine/Traceback.h"
@@ -33,17 +34,21 @@ void ScriptModule::create() {
     module_ = PyRef::steal(PyModule_New(name_.c_str()));
     check(PyModule_AddStringConstant(module_.get(), "__file__", ""));
     check(PyDict_SetItemString(PyModule_GetDict(module_.get()), "__builtins__", PyEval_GetBuiltins()));
-    check(PyDict_SetItemString(PyImport_GetModuleDict(), name_.c_str(), module_.get()));
+    // A key made from a C string would be interned, and stay for good.
+    key_ = toPython(name_);
+    check(PyDict_SetItem(PyImport_GetModuleDict(), key_.get(), module_.get()));
 }
 
 void ScriptModule::release() noexcept {
     if (!module_) return;
-    if (PyDict_PopString(PyImport_GetModuleDict(), name_.c_str(), nullptr) < 0) PyErr_Clear();
+    if (key_ && PyDict_Pop(PyImport_GetModuleDict(), key_.get(), nullptr) < 0) PyErr_Clear();
+    key_ = PyRef();
     module_ = PyRef();
     source_ = PyRef();
 }
 
 void ScriptModule::abandon() noexcept {
+    key_.detach();
     module_.detach();
     source_.detach();
 }

@@ -24,6 +24,7 @@ public:
     /// Lets go of the module without touching it, when the interpreter has gone.
     void abandon() noexcept;
 
+    const std::string& name() const noexcept { return name_; }
     PyRef module() const { return module_; }
     /// The script's lines, as ShownSource takes them; empty before the first load.
     const PyRef& source() const noexcept { return source_; }
@@ -32,6 +33,7 @@ private:
     void create();
 
     std::string name_;
+    PyRef key_;  // in sys.modules
     PyRef module_;
     PyRef source_;
 };

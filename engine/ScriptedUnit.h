@@ -94,8 +94,10 @@ public:
     virtual std::vector<std::string> declaredReports() const = 0;
     /// Takes what a calculation printed into its reports, by report name; earlier texts go.
     virtual void setReports(std::vector<std::pair<std::string, std::string>> reports) = 0;
-    /// Drops every hold on objects of the host, after a call.
-    virtual void releaseWrappers() noexcept = 0;
+    /// A call starts; within another one, when the host calls back into the unit on the same thread.
+    virtual void beginCall() = 0;
+    /// The call that began last ends: every hold on objects of the host that came up since is dropped.
+    virtual void endCall() noexcept = 0;
 
     /// A warning for the user: into the captured output, and to the host.
     virtual void warn(const std::string& text) = 0;

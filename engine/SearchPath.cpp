@@ -6,6 +6,7 @@
 #include <Python.h>
 
 #include <filesystem>
+#include <fstream>
 
 namespace orvane {
 namespace {
@@ -49,6 +50,23 @@ std::vector<std::string> splitPath(std::string_view value, char separator) {
         value.remove_prefix(end + 1);
     }
     return result;
+}
+
+std::optional<std::string> virtualEnvironmentPath(const std::string& folder) {
+    const fs::path root = pathOf(folder);
+    std::ifstream settings(root / "pyvenv.cfg");
+    bool fits = false;
+    for (std::string line; std::getline(settings, line);) {
+        // "version = 3.14.7", or "version_info = 3.14.7.final.0" by another tool.
+        std::erase_if(line, [](char c) { return c == ' ' || c == '\t' || c == '\r'; });
+        for (const char* setting : {"version=3.14.", "version_info=3.14."})
+            fits = fits || line.starts_with(setting);
+    }
+    if (!fits) return std::nullopt;
+    for (const fs::path& modules :
+         {root / "lib" / "python3.14" / "site-packages", root / "Lib" / "site-packages"})
+        if (isThere(modules)) return textOf(modules);
+    return std::nullopt;
 }
 
 std::optional<std::vector<std::string>> searchPath() {

@@ -50,9 +50,12 @@ PyGetSetDef attributes[] = {
 
 #undef EXTERNAL_OBJECTS
 
+// A text begins with the signature, up to the line of dashes: help and inspect show it, __doc__ leaves it out.
 PyMethodDef methods[] = {
     methodWithKeywords<&UnitObject::addPort>(
         "add_port",
+        "add_port($self, /, name, type, direction, *, optional=False, data_name=None, dimension=None, difference=False, "
+        "axle=False, thermal=False)\n--\n\n"
         "Add a port, during Configure.\n\nRequired arguments:\nname -- name of the port\ntype -- a PortType\ndirection "
         "-- a PortDirection\n\nKeyword arguments:\noptional -- True if the unit is valid without a connection (default "
         "False)\ndata_name -- information ports: name of the preferred parameter (default the name of the port)\n"
@@ -61,6 +64,8 @@ PyMethodDef methods[] = {
         "True for heat with a temperature range"),
     methodWithKeywords<&UnitObject::addParameter>(
         "add_parameter",
+        "add_parameter($self, /, name, type, mode, *, default=None, initial=None, min=None, max=None, dimension=None, "
+        "difference=False, optional=False, description=None, options=None, length=<unrepresentable>)\n--\n\n"
         "Add a parameter, during Configure.\n\nRequired arguments:\nname -- name of the parameter\ntype -- a "
         "ParameterType\nmode -- a ParameterMode\n\nKeyword arguments:\ndefault -- default value\ninitial -- initial "
         "value (default the default value)\nmin -- minimum value\nmax -- maximum value\ndimension -- a Dimension, real "
@@ -68,15 +73,18 @@ PyMethodDef methods[] = {
         "the value need not be specified\ndescription -- description of the parameter\noptions -- values to choose "
         "from, string parameters only\nlength -- number of elements, array parameters only"),
     {"add_report", invokeMethod<&UnitObject::addReport, PyObject>, METH_VARARGS,
+     "add_report($self, name, /)\n--\n\n"
      "Add a text report, during Configure.\n\nRequired argument:\nname -- name of the report\n\nDuring Calculate, print "
      "to the file object unit.reports[name]."},
     methodWithKeywords<&UnitObject::addImage>(
         "add_image",
+        "add_image($self, /, name, function)\n--\n\n"
         "Add an image, during Configure.\n\nRequired arguments:\nname -- name of the image\nfunction -- name of the "
         "function that draws it\n\nThe function is called as function(unit, path, width, height); it writes a PNG image "
         "of width by height pixels to the file path."),
     methodWithArgument<&UnitObject::defineFrom>(
         "define_from",
+        "define_from($self, module, /)\n--\n\n"
         "Define the unit operation from a module, during Configure.\n\nRequired argument:\nmodule -- the module whose "
         "Configure, Validate and Calculate functions define the unit operation\n\nNothing else may be added to the unit "
         "operation by the script itself."),

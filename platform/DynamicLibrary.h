@@ -23,6 +23,9 @@ public:
 
     /// The file name of the library that others call by this name: "COBIA" is libCOBIA.so or COBIA.dll.
     static std::string fileName(const std::string& name);
+    /// The file name of a library that belongs to a program and that nobody links against: "OrvaneOperation" is
+    /// OrvaneOperation.so or OrvaneOperation.dll.
+    static std::string moduleName(const std::string& name);
 
 private:
     void* handle_;

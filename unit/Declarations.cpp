@@ -10,26 +10,19 @@ namespace {
 
 using COBIA::StringException;
 
-template <class Items> bool hasName(const Items& items, std::string_view name) {
-    return std::any_of(items.begin(), items.end(),
-                       [&](const auto& item) { return COBIA::equalIgnoringCase(item->name(), name); });
-}
-
-/// Names of reports and images: only ASCII letters lose their case.
-bool equalBytesIgnoringCase(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
+/// Of reports and images: texts are kept by the name in upper case, pictures found by it in lower case.
+bool sameName(std::string_view a, std::string_view b) {
+    return COBIA::upperCase(a) == COBIA::upperCase(b) || COBIA::equalIgnoringCase(a, b);
 }
 
 bool hasReport(const std::vector<std::string>& reports, std::string_view name) {
     return std::any_of(reports.begin(), reports.end(),
-                       [&](const std::string& report) { return equalBytesIgnoringCase(report, name); });
+                       [&](const std::string& report) { return sameName(report, name); });
 }
 
 bool hasImage(const std::vector<Image>& images, std::string_view name) {
     return std::any_of(images.begin(), images.end(),
-                       [&](const Image& image) { return equalBytesIgnoringCase(image.name, name); });
+                       [&](const Image& image) { return sameName(image.name, name); });
 }
 
 void require(bool holds, const char* rule) {
@@ -46,18 +39,22 @@ void Declarations::checkNotDefined(const char* method) const {
     if (definedFrom_) throw StringException() << "cannot call " << method << " after define_from";
 }
 
-void Declarations::checkPort(std::string_view name, bool configuring) const {
+std::string Declarations::checkedPort(std::string_view name, bool configuring) const {
     checkCall("add_port", configuring);
     require(!name.empty(), "port cannot have empty name");
     checkNotDefined("add_port");
-    require(!hasName(ports, name), "Duplicate port name");
+    std::string key = COBIA::lowerCase(name);
+    require(!portNames_.contains(key), "Duplicate port name");
+    return key;
 }
 
-void Declarations::checkParameter(std::string_view name, bool configuring) const {
+std::string Declarations::checkedParameter(std::string_view name, bool configuring) const {
     checkCall("add_parameter", configuring);
     require(!name.empty(), "parameter cannot have empty name");
     checkNotDefined("add_parameter");
-    require(!hasName(parameters, name), "duplicate parameter name");
+    std::string key = COBIA::lowerCase(name);
+    require(!parameterNames_.contains(key), "duplicate parameter name");
+    return key;
 }
 
 void Declarations::addReport(const std::string& name, bool configuring) {

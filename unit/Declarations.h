@@ -8,6 +8,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace orvane {
@@ -21,8 +22,13 @@ class Declarations {
 public:
     // Each throws StringException with the first rule that is broken; then nothing was added.
 
-    void checkPort(std::string_view name, bool configuring) const;
-    void checkParameter(std::string_view name, bool configuring) const;
+    /// make: gives the Ref<Port> or Ref<Parameter>, once the rules are met.
+    template <class Make> void addPort(std::string_view name, bool configuring, Make&& make) {
+        add(ports, portNames_, checkedPort(name, configuring), make);
+    }
+    template <class Make> void addParameter(std::string_view name, bool configuring, Make&& make) {
+        add(parameters, parameterNames_, checkedParameter(name, configuring), make);
+    }
     void addReport(const std::string& name, bool configuring);
     void addImage(const std::string& name, const std::string& function, bool configuring);
     void setAllowInconsistentCompounds(bool allow, bool configuring);
@@ -43,7 +49,18 @@ private:
     /// method: "add_port" and its like.
     void checkCall(const char* method, bool configuring) const;
     void checkNotDefined(const char* method) const;
+    // The name without its letter case.
+    std::string checkedPort(std::string_view name, bool configuring) const;
+    std::string checkedParameter(std::string_view name, bool configuring) const;
 
+    template <class Item, class Make>
+    static void add(std::vector<Item>& items, std::unordered_set<std::string>& names, std::string name,
+                    Make&& make) {
+        items.push_back(make());
+        names.insert(std::move(name));
+    }
+
+    std::unordered_set<std::string> portNames_, parameterNames_;
     bool definedFrom_ = false;
     bool allowWasSet_ = false;
 };

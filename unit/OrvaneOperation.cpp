@@ -35,7 +35,7 @@ OrvaneOperation::OrvaneOperation()
 OrvaneOperation::~OrvaneOperation() {
     for (const Ref<Port>& port : ports_->items()) port->disown();
     for (const Ref<Parameter>& parameter : parameters_->items()) parameter->disown();
-    releaseWrappers();
+    endCall();
     if (!unitObject_ || !Py_IsInitialized()) {
         // Without an interpreter there is nobody to give the references back to.
         unitObject_.detach();
@@ -82,10 +82,6 @@ void OrvaneOperation::terminate() {
     contextValues_ = nullptr;
 }
 
-CapeEditResult OrvaneOperation::edit(CapeWindowId) {
-    throw StringException("This unit operation has no editor");
-}
-
 void OrvaneOperation::save(ICapePersistWriter* writer, bool) {
     if (!writer) throw cape_open_error(nullPointer);
     ensureConfigured();
@@ -104,7 +100,7 @@ void OrvaneOperation::save(ICapePersistWriter* writer, bool) {
             state.parameters.push_back({parameter->name(), parameter->storedValue()});
     state.reports.assign(reports_.begin(), reports_.end());
     state.images = declared_.images;
-    state.privateData = storePrivateData(*this);
+    state.privateData = storePrivateData(*this, script_);
     if (state.privateData.empty()) state.privateData = unreadPrivateData_;
     writeState(writer, state);
 }

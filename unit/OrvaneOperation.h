@@ -2,7 +2,7 @@
 // validated, calculated, saved and loaded. It owns the script, its module and its object `unit`, the ports and parameters,
 // and the texts of the last runs.
 // Not here: the rules of declarations (Declarations), what is saved under which name (UnitState), the checks on what is
-// connected (CompoundCheck), running the script (engine).
+// connected (CompoundCheck), the editor's callbacks (EditorTable), running the script (engine).
 // Threads: the host calls from one thread at a time; script work waits for that of all other units.
 #pragma once
 
@@ -11,6 +11,7 @@
 #include "platform/TemporaryFile.h"
 #include "unit/Collection.h"
 #include "unit/Declarations.h"
+#include "unit/EditorTable.h"
 #include "unit/UnitState.h"
 
 #include <map>
@@ -25,7 +26,8 @@ class OrvaneOperation final
                                    COBIA::PersistAdapter, COBIA::UtilitiesAdapter, COBIA::ReportAdapter>,
       private ScriptedUnit,
       private PortOwner,
-      private ParameterOwner {
+      private ParameterOwner,
+      private EditedUnit {
 public:
     /// Makes the script file and starts the interpreter where that is still to do. What fails of either is told by
     /// every later operation that needs it.
@@ -60,6 +62,8 @@ public:
     void setSimulationContext(COBIA::ICapeSimulationContext* context);
     void initialize() {}
     void terminate();
+    /// Shows the editor and waits for it. Without its library nothing happens but the error that says so. One editor at a
+    /// time, and none while the script runs.
     COBIA::CapeEditResult edit(COBIA::CapeWindowId parent);
 
     // ICapeReport. An unknown name, type or locale: code 107.
@@ -76,23 +80,45 @@ public:
 
 private:
     enum class RunState { configuring = 0, calculating = 1, idle = 2 };
-    class RunStateScope;
+    /// What the unit is busy with; as before on every way out.
+    class RunStateScope {
+    public:
+        RunStateScope(OrvaneOperation& unit, RunState state) noexcept : unit_(unit), before_(unit.runState_) {
+            unit_.runState_ = state;
+        }
+        RunStateScope(const RunStateScope&) = delete;
+        RunStateScope& operator=(const RunStateScope&) = delete;
+        ~RunStateScope() { unit_.runState_ = before_; }
+
+    private:
+        OrvaneOperation& unit_;
+        RunState before_;
+    };
+    using Ports = std::vector<COBIA::Ref<Port>>;
+    using Parameters = std::vector<COBIA::Ref<Parameter>>;
+    /// The ports and parameters while an editor is open; the host's collections follow when it has closed.
+    struct Snapshot {
+        Ports ports;
+        Parameters parameters;
+    };
 
     ~OrvaneOperation() override;
 
     std::string errorSource() const override { return description_; }
 
-    /// The configure step, where it has not run yet or the script has changed since; then the saved values come back.
+    /// The configure step, where it has not run yet or the script has changed since.
     void ensureConfigured();
-    /// Loads and runs Configure as far as needed. What it declared replaces the collections when all went well;
-    /// otherwise they stay as they were, and configureError_ says why.
+    /// Loads and runs Configure as far as needed. What it declared takes the place of the current ports and parameters
+    /// when all went well, and gets its saved values; otherwise all stays as it was, and configureError_ says why.
     void configure();
     /// Runs Configure, and that of the module it named, if any.
     CallTexts runConfigure();
     /// The declared ports and parameters take the place of those before; one that was there already keeps its connection
     /// or value, and hosts their reference to it.
     void adoptDeclarations();
-    /// Puts the loaded values into the parameters, all of them before the first warning goes to the host.
+    /// The host's collections take over, and the unit lets go of what it no longer has.
+    void replaceCollections(Snapshot now);
+    /// What was saved of the parameters, once, and warnings of what has no place.
     void restoreSavedValues();
 
     /// Why the unit cannot calculate, or nothing.
@@ -107,8 +133,6 @@ private:
     /// The text of a text report; nothing when the name is none.
     std::optional<std::string> reportText(const std::string& name) const;
     const Image* findImage(const std::string& name) const;
-    /// The PNG bytes that the script's function writes.
-    std::string drawImage(const Image& image);
     /// A whole number that the simulation context gives under this name, or what is usual.
     int contextValue(const char* name, int usual) const;
 
@@ -132,15 +156,32 @@ private:
     void fillParameters(PyObject* dictionary) override;
     std::vector<std::string> declaredReports() const override { return declared_.reports; }
     void setReports(std::vector<std::pair<std::string, std::string>> reports) override;
-    void releaseWrappers() noexcept override;
+    void beginCall() override { holders_.emplace_back(); }
+    void endCall() noexcept override;
     void warn(const std::string& text) override;
+
+    // EditedUnit
+
+    std::string scriptPath() const override;
+    void scriptChanged() override;
+    CallTexts configureInEditor() override;
+    CallTexts calculateInEditor() override;
+    const Ports& currentPorts() const override { return editing_ ? editing_->ports : ports_->items(); }
+    const Parameters& currentParameters() const override {
+        return editing_ ? editing_->parameters : parameters_->items();
+    }
+    const Declarations& declarations() const override { return declared_; }
+    const std::string& outputOfLastRun() const override { return lastOutput_; }
+    void setOutputOfLastRun(std::string text) override;
+    std::string textOfReport(const std::string& name) const override;
+    std::string drawImage(const Image& image) override;
 
     // PortOwner, ParameterOwner
 
     void portChanged() override { invalidate(); }
     void parameterChanged() override { invalidate(); }
-    void addHolder(HostObjectHolder& holder) override { holders_.push_back(&holder); }
-    void removeHolder(HostObjectHolder& holder) noexcept override { std::erase(holders_, &holder); }
+    void addHolder(HostObjectHolder& holder) override { holders_.back().push_back(&holder); }
+    void removeHolder(HostObjectHolder& holder) noexcept override;
 
     std::string name_ = "Orvane Operation";
     std::string description_ = "CAPE-OPEN Unit Operation using python script for calculations";
@@ -156,8 +197,9 @@ private:
     RunState runState_ = RunState::idle;
     bool needsReload_ = true;
     bool needsConfigure_ = true;
-    bool configured_ = false;  // once the first configure step has run
-    std::string configureError_, scriptOutput_, scriptError_;
+    bool configured_ = false;          // once the first configure step has run
+    std::optional<Snapshot> editing_;  // while an editor is open
+    std::string configureOutput_, configureError_, scriptOutput_, scriptError_;
     std::string lastOutput_, runReportHeader_, runReportFooter_;
 
     ScriptModule script_;
@@ -168,8 +210,10 @@ private:
     std::map<std::string, std::string> reports_;          // text by upper-cased name
     std::vector<UnitState::SavedParameter> savedValues_;  // loaded, until Configure declares their parameters
     std::vector<std::uint8_t>
-        unreadPrivateData_;                   // loaded, but could not be restored: kept for the next Save
-    std::vector<HostObjectHolder*> holders_;  // alive, each with a hold on objects of the host
+        unreadPrivateData_;  // loaded, but could not be restored: kept for the next Save
+    /// Alive, each with a hold on objects of the host: those made outside of calls, then those of each call under way.
+    std::vector<std::vector<HostObjectHolder*>> holders_{1};
+    EditorTable editorTable_{*this};
 };
 
 }  // namespace orvane

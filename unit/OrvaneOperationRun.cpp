@@ -1,4 +1,4 @@
-// The configure step, validation and the calculation of the unit operation, and what its script's calls see of it.
+// Validation and the calculation of the unit operation, and what its script's calls see of it.
 #include "cobia/Call.h"
 #include "engine/Conversion.h"
 #include "engine/PythonEntry.h"
@@ -10,129 +10,11 @@
 #include "unit/MakePort.h"
 #include "unit/OrvaneOperation.h"
 
-#include <algorithm>
 #include <chrono>
 
 namespace orvane {
 
 using namespace COBIA;
-
-/// What the unit is busy with; idle again on every way out.
-class OrvaneOperation::RunStateScope {
-public:
-    RunStateScope(OrvaneOperation& unit, RunState state) noexcept : unit_(unit), before_(unit.runState_) {
-        unit_.runState_ = state;
-    }
-    RunStateScope(const RunStateScope&) = delete;
-    RunStateScope& operator=(const RunStateScope&) = delete;
-    ~RunStateScope() { unit_.runState_ = before_; }
-
-private:
-    OrvaneOperation& unit_;
-    RunState before_;
-};
-
-// The configure step
-
-void OrvaneOperation::ensureConfigured() {
-    // A script that calls back into the unit through the host finds it as it is.
-    if (runState_ != RunState::idle || (configured_ && !needsConfigure_)) return;
-    configure();
-    restoreSavedValues();
-    configured_ = true;
-}
-
-void OrvaneOperation::configure() {
-    if (!needsConfigure_) return;
-    if (!scriptFile_) throw StringException(scriptFileError_);
-    const RunStateScope configuring(*this, RunState::configuring);
-    configureError_.clear();
-    scriptError_.clear();
-    if (needsReload_) {
-        declared_.module = PyRef();
-        configureError_ = scriptError_ = script_.load(scriptFile_->path());
-        if (!configureError_.empty()) return;
-        needsReload_ = false;
-        validationStatus_ = CapeValidationStatus::notValidated;
-    }
-    CallTexts texts = runConfigure();
-    configureError_ = std::move(texts.errors);
-    if (configureError_.empty()) adoptDeclarations();
-    needsConfigure_ = false;
-}
-
-CallTexts OrvaneOperation::runConfigure() {
-    const ScriptSession session;
-    declaring_ = {};
-    declared_.module = PyRef();
-    CallTexts texts = callScriptFunction(*this, script_, FunctionKind::configure);
-    if (!texts.errors.empty() || !declaring_.module) return texts;
-    declared_.module = declaring_.module;
-    declaring_.startModule();
-    CallTexts ofModule = callScriptFunction(*this, script_, FunctionKind::configure, false);
-    return {texts.output + ofModule.output, std::move(ofModule.errors)};
-}
-
-namespace {
-
-/// Those of the new items, or in their place the one that was there before under the same name and of the same kind,
-/// with the new definition.
-template <class Item>
-std::vector<Ref<Item>> merge(const std::vector<Ref<Item>>& before, std::vector<Ref<Item>> declared) {
-    for (Ref<Item>& item : declared) {
-        const auto same = std::find_if(before.begin(), before.end(), [&](const Ref<Item>& old) {
-            return equalIgnoringCase(old->name(), item->name()) && old->sameKind(*item);
-        });
-        if (same == before.end()) continue;
-        (*same)->takeOver(*item);
-        item->disown();
-        item = *same;
-    }
-    for (const Ref<Item>& old : before)
-        if (std::find(declared.begin(), declared.end(), old) == declared.end()) old->disown();
-    return declared;
-}
-
-}  // namespace
-
-void OrvaneOperation::adoptDeclarations() {
-    ports_->replace(merge(ports_->items(), std::move(declaring_.ports)));
-    parameters_->replace(merge(parameters_->items(), std::move(declaring_.parameters)));
-    declaring_.ports.clear();
-    declaring_.parameters.clear();
-    const InterpreterLock lock;
-    declared_ = std::exchange(declaring_, {});
-
-    // A report that is declared anew keeps the text that it had.
-    std::map<std::string, std::string> reports;
-    for (const std::string& report : declared_.reports) {
-        const std::string key = upperCase(report);
-        reports[key] = std::move(reports_[key]);
-    }
-    reports_ = std::move(reports);
-}
-
-void OrvaneOperation::restoreSavedValues() {
-    if (savedValues_.empty() || !configureError_.empty()) return;
-    const auto saved = std::exchange(savedValues_, {});
-    const ScriptSession session;
-    std::vector<std::string> warnings;
-    for (const Ref<Parameter>& parameter : parameters_->items()) {
-        const std::string name = parameter->name();
-        const auto found = std::ranges::find(saved, name, &UnitState::SavedParameter::name);
-        if (found == saved.end()) {
-            warnings.push_back("Value for '" + name + "' was not loaded");
-            continue;
-        }
-        try {
-            parameter->restore(found->value);
-        }
-        catch (const std::exception& error) {
-            warnings.push_back("Value for '" + name + "' was not restored: " + error.what());
-        }
-    }
-    for (const std::string& warning : warnings) warn(warning);
-}
 
 // Validation
 
@@ -145,9 +27,8 @@ std::optional<std::string> OrvaneOperation::findFault() {
     ensureConfigured();
     const auto find = [&]() -> std::optional<std::string> {
         if (!configureError_.empty()) return "Configure() failed: " + configureError_;
-        if (auto fault = checkConnections(ports_->items(), declared_.allowInconsistentCompounds))
-            return fault;
-        for (const Ref<Parameter>& parameter : parameters_->items()) {
+        if (auto fault = checkConnections(currentPorts(), declared_.allowInconsistentCompounds)) return fault;
+        for (const Ref<Parameter>& parameter : currentParameters()) {
             if (!parameter->isInput()) continue;
             const Verdict verdict = parameter->validate();
             if (!verdict.valid)
@@ -158,6 +39,7 @@ std::optional<std::string> OrvaneOperation::findFault() {
         scriptError_ = texts.errors;
         return texts.errors.empty() ? std::nullopt : std::optional(std::move(texts.errors));
     };
+    validationStatus_ = CapeValidationStatus::notValidated;  // and so it stays when the host fails
     std::optional<std::string> fault = find();
     validationStatus_ = fault ? CapeValidationStatus::invalid : CapeValidationStatus::valid;
     return fault;
@@ -209,18 +91,18 @@ bool OrvaneOperation::run() {
 }
 
 void OrvaneOperation::runScript() {
-    for (const Ref<Parameter>& parameter : parameters_->items()) parameter->setValueGiven(false);
-    for (const Ref<Port>& port : ports_->items()) port->prepare();
+    for (const Ref<Parameter>& parameter : currentParameters()) parameter->setValueGiven(false);
+    for (const Ref<Port>& port : currentPorts()) port->prepare();
     CallTexts texts = callScriptFunction(*this, script_, FunctionKind::calculate);
     scriptOutput_ = std::move(texts.output);
     scriptError_ = std::move(texts.errors);
 }
 
 void OrvaneOperation::finishPorts() {
-    for (const Ref<Parameter>& parameter : parameters_->items())
+    for (const Ref<Parameter>& parameter : currentParameters())
         if (!parameter->isInput() && !parameter->isValueGiven())
             warn("Ouput parameter '" + parameter->name() + "' was never specified");
-    for (const Ref<Port>& port : ports_->items())
+    for (const Ref<Port>& port : currentPorts())
         if (!port->isFeed()) port->finish();
 }
 
@@ -234,13 +116,12 @@ void OrvaneOperation::collectOutput() {
 // What the script's calls see
 
 void OrvaneOperation::addPort(const PortDeclaration& port) {
-    declaring_.checkPort(port.name, runState_ == RunState::configuring);
-    declaring_.ports.push_back(makePort(*this, port));
+    declaring_.addPort(port.name, runState_ == RunState::configuring, [&] { return makePort(*this, port); });
 }
 
 void OrvaneOperation::addParameter(const ParameterDeclaration& parameter) {
-    declaring_.checkParameter(parameter.name, runState_ == RunState::configuring);
-    declaring_.parameters.push_back(makeParameter(*this, parameter));
+    declaring_.addParameter(parameter.name, runState_ == RunState::configuring,
+                            [&] { return makeParameter(*this, parameter); });
 }
 
 void OrvaneOperation::addReport(const std::string& name) {
@@ -272,13 +153,13 @@ PyRef OrvaneOperation::functionModule() const {
 }
 
 void OrvaneOperation::fillPorts(PyObject* dictionary) {
-    for (const Ref<Port>& port : ports_->items())
+    for (const Ref<Port>& port : currentPorts())
         if (const PyRef object = port->scriptObject())
             check(PyDict_SetItem(dictionary, toPython(port->name()).get(), object.get()));
 }
 
 void OrvaneOperation::fillParameters(PyObject* dictionary) {
-    for (const Ref<Parameter>& parameter : parameters_->items())
+    for (const Ref<Parameter>& parameter : currentParameters())
         check(PyDict_SetItem(dictionary, toPython(parameter->nameText()).get(),
                              makeParameterObject(parameter).get()));
 }
@@ -288,18 +169,23 @@ void OrvaneOperation::setReports(std::vector<std::pair<std::string, std::string>
     for (auto& [name, text] : reports) reports_[upperCase(name)] = std::move(text);
 }
 
-void OrvaneOperation::releaseWrappers() noexcept {
+void OrvaneOperation::endCall() noexcept {
     // One by one, since what a release sets off may destroy other holders.
-    while (!holders_.empty()) {
-        HostObjectHolder* const holder = holders_.back();
-        holders_.pop_back();
+    while (!holders_.back().empty()) {
+        HostObjectHolder* const holder = holders_.back().back();
+        holders_.back().pop_back();
         holder->releaseHostObjects();
     }
+    if (holders_.size() > 1) holders_.pop_back();
+}
+
+void OrvaneOperation::removeHolder(HostObjectHolder& holder) noexcept {
+    for (std::vector<HostObjectHolder*>& ofCall : holders_) std::erase(ofCall, &holder);
 }
 
 void OrvaneOperation::warn(const std::string& text) {
     if (scriptEngine().startupError().empty()) scriptEngine().outputText() += "Warning: " + text + "\n";
-    if (diagnostic_)
+    if (diagnostic_ && !editing_)
         call<&ICapeDiagnostic::Table::LogMessage>(diagnostic_,
                                                   StringObject(name_ + " warning: " + text).in());
 }

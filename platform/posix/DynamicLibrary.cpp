@@ -15,4 +15,6 @@ void* DynamicLibrary::find(const char* name) const noexcept { return dlsym(handl
 
 std::string DynamicLibrary::fileName(const std::string& name) { return "lib" + name + ".so"; }
 
+std::string DynamicLibrary::moduleName(const std::string& name) { return name + ".so"; }
+
 }  // namespace orvane

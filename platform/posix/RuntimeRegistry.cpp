@@ -1,4 +1,4 @@
-#include "platform/RuntimeRegistry.h"
+#include "platform/posix/RuntimeRegistry.h"
 
 #include "cobia/Error.h"
 #include "platform/Files.h"
@@ -7,8 +7,12 @@
 namespace orvane {
 
 std::vector<RuntimeRegistration> registeredRuntimes() {
+    return runtimesIn(registryFiles(RegistryUser::current()));
+}
+
+std::vector<RuntimeRegistration> runtimesIn(const std::vector<std::string>& files) {
     std::vector<RuntimeRegistration> found;
-    for (const std::string& file : registryFiles(RegistryUser::current())) {
+    for (const std::string& file : files) {
         std::string text;
         try {
             text = readFile(file);

@@ -11,9 +11,8 @@
 #include <sstream>
 
 namespace orvane {
-namespace {
 
-void startEngine() {
+void startTestEngine() {
     static const ScriptingType types[] = {
         {&outputRedirectorType, nullptr, nullptr},
         {&portTypeType, addPortTypes, "PortType"},
@@ -26,10 +25,8 @@ void startEngine() {
     scriptEngine();
 }
 
-}  // namespace
-
 RecordingUnit::RecordingUnit(const std::string& script) : module("unit" + randomIdentifier()) {
-    startEngine();
+    startTestEngine();
     const TemporaryFile file;
     writeFile(file.path(), script);
     loadErrors = module.load(file.path());

@@ -11,6 +11,9 @@
 
 namespace orvane {
 
+/// Starts the engine with the types of its folder, where that is still to do.
+void startTestEngine();
+
 class RecordingUnit : public ScriptedUnit {
 public:
     /// Loads the script; loadErrors says what went wrong.
@@ -42,7 +45,8 @@ public:
     void setReports(std::vector<std::pair<std::string, std::string>> texts) override {
         reports = std::move(texts);
     }
-    void releaseWrappers() noexcept override { ++releases; }
+    void beginCall() override { ++openCalls; }
+    void endCall() noexcept override { --openCalls, ++endedCalls; }
     void warn(const std::string& text) override;
 
     std::string loadErrors;
@@ -52,7 +56,7 @@ public:
     std::vector<std::pair<std::string, std::string>> images, reports;
     std::vector<std::string> warnings;
     bool allowInconsistent = false;
-    int releases = 0;
+    int openCalls = 0, endedCalls = 0;
     std::function<void()> onFillPorts;  // what a host does while the unit looks at its ports
     ScriptModule module;
     PyRef object;

@@ -2,6 +2,7 @@
 #include "tests/engine/RecordingUnit.h"
 
 #include "engine/PythonEntry.h"
+#include "engine/UnitObject.h"
 
 #include <doctest/doctest.h>
 
@@ -22,6 +23,10 @@ TEST_CASE("What a script prints is the call's output, and nothing else is") {
     CHECK(texts.output == "a 1\n\u00e4\u4e2d\n");
     CHECK(texts.errors.empty());
     CHECK(RecordingUnit::calculate("import sys\nprint('x', file=sys.stderr)").errors == "x\n");
+    // No text is too odd to be printed, since a failure to print would hide what it was about.
+    CHECK(RecordingUnit::calculate("print('a\\0b\\ud800')").output == std::string("a\0b\uFFFD\n", 7));
+    CHECK(contains(RecordingUnit::calculate("raise ValueError('a\\0b')").errors,
+                   std::string("ValueError: a\0b", 15)));
 }
 
 TEST_CASE("A script that raises is told with its line and its source") {
@@ -109,7 +114,8 @@ TEST_CASE("Reports get what was printed into them during Calculate, whatever the
     unit.call(FunctionKind::calculate);
     REQUIRE(unit.reports.size() == 1);
     CHECK(unit.reports[0] == std::pair<std::string, std::string>("R", "x\n"));
-    CHECK(unit.releases == 1);
+    CHECK(unit.openCalls == 0);
+    CHECK(unit.endedCalls == 1);
 }
 
 TEST_CASE("The unit's dictionaries last as long as they should") {
@@ -140,13 +146,31 @@ TEST_CASE("A unit that is called back while it calculates keeps what the outer c
     CHECK_FALSE(contains(within.errors, "without"));
 }
 
+TEST_CASE("A call within a call of the same unit leaves the outer one its objects") {
+    RecordingUnit unit("def Validate(unit): print(sorted(unit.ports), sorted(unit.reports))\n"
+                       "def Calculate(unit): print(sorted(unit.ports), sorted(unit.reports))\n");
+    unit.reportsDeclared = {"R"};
+    std::string within;
+    unit.onFillPorts = [&] {
+        unit.onFillPorts = nullptr;
+        PyDict_SetItemString(contentOf<UnitObject>(unit.object.get()).ports.get(), "Feed", Py_None);
+        within = unit.call(FunctionKind::validate).output;
+        CHECK(unit.openCalls == 1);
+    };
+    CHECK(unit.call(FunctionKind::calculate).output == "['Feed'] ['R']\n");
+    CHECK(within == "[] ['R']\n");
+    CHECK(unit.openCalls == 0);
+    CHECK(unit.endedCalls == 2);
+}
+
 TEST_CASE("What goes wrong outside of the script is the call's error too") {
     RecordingUnit unit("def Calculate(unit):\n    print('not reached')\n");
     unit.onFillPorts = [] { throw std::runtime_error("no feed"); };
     const CallTexts texts = unit.call(FunctionKind::calculate);
     CHECK(texts.output.empty());
     CHECK(texts.errors == "\nUnhandled exception: no feed");
-    CHECK(unit.releases == 1);
+    CHECK(unit.openCalls == 0);
+    CHECK(unit.endedCalls == 1);
     unit.onFillPorts = [] { throw 3; };
     CHECK(unit.call(FunctionKind::calculate).errors == "\nUnhandled exception");
 }

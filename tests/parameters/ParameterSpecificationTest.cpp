@@ -1,5 +1,6 @@
 #include "parameters/ParameterSpecification.h"
 
+#include "tests/NullArguments.h"
 #include "tests/parameters/HostView.h"
 
 using namespace orvane;
@@ -27,4 +28,9 @@ TEST_CASE("A port tells the host which value it looks for") {
                                                 "No default value");
     CHECK(verdict<&Real::Validate>(real, 1e300) == "valid");
     CHECK(!specification->find(ICapeRealParameter::uuid));
+
+    test::NullSweep nulls;
+    test::sweepObject(real, nulls);
+    CHECK(nulls.faults.empty());
+    CHECK(nulls.interfaces == 3);
 }

@@ -31,6 +31,21 @@ TEST_CASE("A phase type is what the package defines") {
           "[('', 'Beta')]");
 }
 
+TEST_CASE("Solids and phases of no known state are phases like others") {
+    TestStreams streams;
+    streams.package.phases = {
+        {"Oil", "liquid", "", ""}, {"Ice", "SOLID", "Beta", ""}, {"Glass", "Unknown", "", ""}};
+    CHECK(streams.repr("[(p.name, p.state_of_aggregation, p.key_compound) for p in product.phase_types]") ==
+          "[('Oil', 'liquid', ''), ('Ice', 'solid', 'Beta'), ('Glass', '', '')]");
+    CHECK(streams.repr("product.create_solid_phase(t=200, p=1e5, x=[0, 1, 0]).name") == "'Ice'");
+    CHECK(streams.error("product.create_solid_phase(t=200, p=1e5, x=[0, 1, 0]).get_property('enthalpy')") ==
+          "");
+    CHECK(streams.error("product.create_vapor_phase()") ==
+          "RuntimeError: Material Object does not define vapor phase");
+    CHECK(streams.repr("product.phase_equilibrium_properties") ==
+          "['temperature', 'pressure', 'enthalpy', 'entropyF']");
+}
+
 TEST_CASE("A phase calculates at its own state") {
     TestStreams streams;
     REQUIRE(streams.error("gas = product.create_vapor_phase(t=400, p=2e5)\ngas.x = (0.2, 0.3, 0.5)") == "");

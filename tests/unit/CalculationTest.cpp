@@ -253,6 +253,8 @@ TEST_CASE("Names are unique without regard to case, and declared during Configur
           Row{"unit.add_port('', M, F)", "port cannot have empty name"},
           Row{"unit.add_parameter('A', R, I); unit.add_parameter('a', R, I)", "duplicate parameter name"},
           Row{"unit.add_report('A'); unit.add_report('a')", "Duplicate report name"},
+          Row{"unit.add_report('\u00e4'); unit.add_image('\u00c4', 'f')",
+              "A report by that name already exists"},
           Row{"unit.add_report('A'); unit.add_image('a', 'f')", "A report by that name already exists"},
           Row{"unit.add_image('A', 'f'); unit.add_report('a')", "An image by that name already exists"},
           Row{"unit.add_image('A', '')", "Image cannot have empty function name"},

@@ -5,11 +5,6 @@
 namespace orvane::test {
 namespace {
 
-const host::ModuleLoader& module() {
-    static const host::ModuleLoader loader(std::filesystem::path(ORVANE_BIN) / "Orvane3.14.so");
-    return loader;
-}
-
 std::vector<package::Compound> compounds() {
     std::vector<package::Compound> result;
     for (const char* id : {"methane", "ethane", "propane"})
@@ -19,10 +14,15 @@ std::vector<package::Compound> compounds() {
 
 }  // namespace
 
-TestHost::TestHost(const std::optional<std::string>& script)
+const host::ModuleLoader& TestHost::builtModule() {
+    static const host::ModuleLoader loader(std::filesystem::path(ORVANE_BIN) / "Orvane3.14.so");
+    return loader;
+}
+
+TestHost::TestHost(const host::ModuleLoader& module, const std::optional<std::string>& script)
     : package_(std::make_shared<host::PropertyPackage>(compounds(), std::vector<package::Interaction>())),
       context_(makeObject<host::SimulationContext>()),
-      unit_(module().createUnit()) {
+      unit_(module.createUnit()) {
     call<&ICapeUtilities::Table::putSimulationContext>(as<ICapeUtilities>(),
                                                        context_->as<ICapeSimulationContext>());
     if (script) load(*script);

@@ -28,7 +28,10 @@ struct Outcome {
 class TestHost {
 public:
     /// With the default script, or with a script of the test's.
-    explicit TestHost(const std::optional<std::string>& script = std::nullopt);
+    explicit TestHost(const std::optional<std::string>& script = std::nullopt)
+        : TestHost(builtModule(), script) {}
+    /// A unit of another file of the module.
+    TestHost(const host::ModuleLoader& module, const std::optional<std::string>& script = std::nullopt);
     TestHost(const TestHost&) = delete;
     TestHost& operator=(const TestHost&) = delete;
     ~TestHost();
@@ -76,6 +79,8 @@ public:
     }
 
 private:
+    static const host::ModuleLoader& builtModule();
+
     std::shared_ptr<const host::PropertyPackage> package_;
     Ref<host::SimulationContext> context_;
     Ref<ICapeInterface> unit_;

@@ -27,7 +27,10 @@ public:
     }
     OwnTemporaryFolder(const OwnTemporaryFolder&) = delete;
     OwnTemporaryFolder& operator=(const OwnTemporaryFolder&) = delete;
-    ~OwnTemporaryFolder() { std::filesystem::remove_all(path_); }
+    ~OwnTemporaryFolder() {
+        unsetenv("TMPDIR");
+        std::filesystem::remove_all(path_);
+    }
 
     std::ptrdiff_t files() const {
         return std::distance(std::filesystem::directory_iterator(path_),

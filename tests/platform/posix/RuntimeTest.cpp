@@ -2,15 +2,20 @@
 #include "platform/RuntimeLoader.h"
 
 #include "cobia/Error.h"
+#include "platform/DynamicLibrary.h"
 #include "platform/Files.h"
-#include "platform/RuntimeRegistry.h"
+#include "platform/ModuleLocation.h"
+#include "platform/posix/RuntimeRegistry.h"
 #include "platform/TemporaryFile.h"
 #include "tests/platform/posix/ChildProcess.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <doctest/doctest.h>
 #include <filesystem>
 #include <string>
+#include <thread>
+#include <vector>
 
 using namespace orvane;
 namespace fs = std::filesystem;
@@ -83,4 +88,55 @@ TEST_CASE("Registrations are read from the files of this process") {
     CHECK(firstFolder("[" + std::string(runtimeKey) + "]\nversion = 4000000000\n") == "none");
     CHECK(firstFolder("[Software]\ndefault = /opt/cobia\nversion = 4000000000\n") == "none");
     CHECK(firstFolder("") == "none");
+}
+
+TEST_CASE("Of two roots the higher version is loaded, of equal ones the user's") {
+    struct Row {
+        const char *user, *machine;
+        const char* loaded;
+    };
+    const TemporaryFile name;
+    const fs::path folder = name.path() + " runtimes";
+    const std::string fixture = std::string(ORVANE_RUNTIME_FIXTURE) + "/" + DynamicLibrary::fileName("COBIA");
+    for (const char* root : {"user", "machine"}) {
+        fs::create_directories(folder / root);
+        fs::copy_file(fixture, folder / root / DynamicLibrary::fileName("COBIA"));
+    }
+    for (const Row& row : {Row{"1.2.1", "1.3", "machine"},
+                           {"1.3", "1.2.1", "user"},
+                           {"1.2.1", "1.2.1", "user"},
+                           {"1.2.1", "1.2.1.0", "user"},
+                           {"1.2.9", "1.2.10", "machine"},
+                           {nullptr, "1.2.1", "machine"},
+                           {"1.2.1", nullptr, "user"}}) {
+        std::vector<std::string> files;
+        for (const auto& [root, version] : {std::pair{"user", row.user}, {"machine", row.machine}}) {
+            files.push_back((folder / root / "registry.ini").string());
+            fs::remove(files.back());
+            if (version) writeFile(files.back(), registryWith((folder / root).string(), version));
+        }
+        const auto chosen = chooseRuntime(runtimesIn(files));
+        REQUIRE(chosen);
+        const auto runtime = loadRuntime(chosen->folder);
+        REQUIRE(runtime);
+        CHECK(moduleFile(reinterpret_cast<const void*>(runtime->capeGenUUID)) ==
+              (folder / row.loaded / DynamicLibrary::fileName("COBIA")).string());
+    }
+    fs::remove_all(folder);
+}
+
+TEST_CASE("Threads that ask for the runtime at once get the same one") {
+    const ConfigHome home(registryWith(ORVANE_RUNTIME_FIXTURE));
+    const std::string result = inChildProcess([&] {
+        home.use();
+        setenv("COBIA_FIXTURE_VERSION", "1.2.1", 1);
+        std::vector<const Runtime*> found(8);
+        std::vector<std::thread> threads;
+        for (const Runtime*& each : found) threads.emplace_back([&each] { each = runtime(); });
+        for (std::thread& thread : threads) thread.join();
+        const bool same =
+            std::all_of(found.begin(), found.end(), [&](const auto* each) { return each == found[0]; });
+        return std::string(same && found[0] ? "the same" : "none, or several");
+    });
+    CHECK(result == "the same");
 }
