@@ -122,6 +122,7 @@ void OrvaneOperation::load(ICapePersistReader* reader) {
     declared_.images = std::move(state.images);
     savedValues_ = std::move(state.parameters);
     invalidate();
+    modified_ = false;
 
     unreadPrivateData_ = std::move(state.privateData);
     if (!unreadPrivateData_.empty() && restorePrivateData(unreadPrivateData_, *this))
