@@ -64,6 +64,17 @@ template <class Object> struct DiagnosticAdapter : Adapter<Object, ICapeDiagnost
     };
 };
 
+/// std::vector<std::string> namedValueList() const; ValueObject::Content namedValue(std::string name) const
+template <class Object>
+struct COSEUtilitiesAdapter : Adapter<Object, ICapeCOSEUtilities, COSEUtilitiesAdapter> {
+    static constexpr ICapeCOSEUtilities::Table table = {
+        .base = interfaceTable<COSEUtilitiesAdapter>,
+        .getNamedValueList =
+            slot<COSEUtilitiesAdapter, "ICapeCOSEUtilities::NamedValueList", &Object::namedValueList>,
+        .NamedValue = slot<COSEUtilitiesAdapter, "ICapeCOSEUtilities::NamedValue", &Object::namedValue>,
+    };
+};
+
 /// void clearAllProps(); void copyFromMaterial(ICapeThermoMaterial*); Ref<> createMaterial();
 /// void overallProp(CapeTextView property, CapeTextView basis, RealsOut);
 /// void overallTPFraction(double& temperature, double& pressure, RealsOut composition);

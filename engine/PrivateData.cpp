@@ -52,19 +52,22 @@ std::vector<std::uint8_t> storePrivateData(ScriptedUnit& unit, const ScriptModul
     return stored;
 }
 
-void restorePrivateData(std::span<const std::uint8_t> stored, ScriptedUnit& unit) {
+bool restorePrivateData(std::span<const std::uint8_t> stored, ScriptedUnit& unit) {
     PythonEntry entry;
+    bool restored = false;
     try {
         const PyRef object = unit.unitObject();
         const PyRef data = PyRef::steal(PyObject_CallMethod(entry.engine().pickle(), "loads", "y#",
                                                             reinterpret_cast<const char*>(stored.data()),
                                                             static_cast<Py_ssize_t>(stored.size())));
         contentOf<UnitObject>(object.get()).privateData = data;
+        restored = true;
     }
     catch (const PythonErrorSet&) {
         printError();
     }
     warnOfErrors(entry, unit);
+    return restored;
 }
 
 }  // namespace orvane

@@ -14,7 +14,7 @@ namespace orvane {
 /// classes or functions of the script itself cannot be: another session makes the module anew, under another name.
 std::vector<std::uint8_t> storePrivateData(ScriptedUnit& unit, const ScriptModule& script);
 
-/// Replaces the dictionary by the pickled one. When that fails the unit is warned and keeps what it had.
-void restorePrivateData(std::span<const std::uint8_t> stored, ScriptedUnit& unit);
+/// Replaces the dictionary by the pickled one. When that fails the unit is warned and keeps what it had: false.
+bool restorePrivateData(std::span<const std::uint8_t> stored, ScriptedUnit& unit);
 
 }  // namespace orvane

@@ -7,6 +7,8 @@ constexpr std::string_view frameStart = "Calculation starts: ";
 constexpr std::string_view headerEnd = "\n\n";
 constexpr std::string_view footer = "\n\nCalculation took ";
 
+}  // namespace
+
 std::string plainLineEnds(std::string_view text) {
     std::string result;
     for (const char c : text) {
@@ -14,8 +16,6 @@ std::string plainLineEnds(std::string_view text) {
     }
     return result;
 }
-
-}  // namespace
 
 std::string printedOutput(std::string_view report, std::string_view error) {
     std::string text = plainLineEnds(report);

@@ -53,6 +53,26 @@ struct CaseStream {
     std::optional<CaseState> state;  ///< empty for an entry that says nothing, as a product's may be
 };
 
+/// An energy stream; what is not given is empty.
+struct CaseEnergy {
+    std::string port;
+    int line = 0;
+    std::optional<double> work;                             ///< W
+    std::optional<double> temperatureLow, temperatureHigh;  ///< K, both or none
+    std::optional<double> axisFrequency;                    ///< 1/s
+
+    bool isGiven() const { return work || temperatureLow || temperatureHigh || axisFrequency; }
+};
+
+/// An information stream, with one parameter. A name or dimension that is not given is the one that the port looks for.
+struct CaseInformation {
+    std::string port;
+    int line = 0;
+    std::optional<double> value;
+    std::optional<std::string> name;
+    std::optional<std::vector<double>> dimensionality;
+};
+
 struct CaseFile {
     std::filesystem::path file;
     std::shared_ptr<const PropertyPackage> package;
@@ -60,6 +80,8 @@ struct CaseFile {
     std::optional<std::string> unitName;
     std::vector<CaseParameter> parameters;
     std::vector<CaseStream> streams;
+    std::vector<CaseEnergy> energies;
+    std::vector<CaseInformation> informations;
 };
 
 }  // namespace orvane::host

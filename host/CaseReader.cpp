@@ -2,17 +2,16 @@
 
 #include "cobia/Text.h"
 #include "host/CaseToml.h"
+#include "host/CaseValues.h"
 #include "host/NearestName.h"
 #include "host/Path.h"
+#include "host/TextFile.h"
 #include "package/CompoundTable.h"
 #include "package/PackageError.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <fmt/format.h>
-#include <fstream>
-#include <iterator>
 #include <numeric>
 
 namespace orvane::host {
@@ -22,23 +21,13 @@ using package::CompoundTable;
 
 constexpr double sumTolerance = 1e-6;
 
-std::string readText(const std::filesystem::path& file) {
-    std::error_code error;
-    if (std::filesystem::is_directory(file, error)) throw std::runtime_error("it is a folder");
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw std::runtime_error(std::generic_category().message(errno));
-    std::string text(std::istreambuf_iterator<char>(stream), {});
-    if (stream.bad()) throw std::runtime_error("it cannot be read to its end");
-    return text;
-}
-
 /// Walks the document; every error it throws names the file and the line.
 class Reader : CaseToml {
 public:
     explicit Reader(const std::filesystem::path& file) : CaseToml(file) { case_.file = file; }
 
     CaseFile read(const toml::table& root) {
-        checkKeys(root, "", {"package", "unit", "streams"});
+        checkKeys(root, "", {"package", "unit", "streams", "energy", "information"});
         const auto* package = root.get("package");
         if (!package) fail(1, "there is no [package], which says the model and the compounds of the streams");
         readPackage(table(*package, "package"));
@@ -47,6 +36,20 @@ public:
             for (const auto& [port, stream] : table(*streams, "streams")) {
                 readStream(std::string(port.str()), lineOf(port),
                            table(stream, fmt::format("streams.{}", port.str())));
+            }
+        }
+        if (const auto* energies = root.get("energy")) {
+            for (const auto& [port, energy] : table(*energies, "energy")) {
+                const std::string name(port.str());
+                case_.energies.push_back(
+                    readEnergy(*this, name, lineOf(port), table(energy, "energy." + name)));
+            }
+        }
+        if (const auto* informations = root.get("information")) {
+            for (const auto& [port, information] : table(*informations, "information")) {
+                const std::string name(port.str());
+                case_.informations.push_back(
+                    readInformation(*this, name, lineOf(port), table(information, "information." + name)));
             }
         }
         return std::move(case_);
@@ -108,7 +111,7 @@ private:
 
     void readUnit(const toml::table& in) {
         checkKeys(in, "unit", {"script", "name", "parameters"});
-        if (const auto* script = in.get("script")) case_.script = readScript(*script);
+        if (const auto* script = in.get("script")) case_.script = scriptOf(*script);
         if (const auto* name = in.get("name")) case_.unitName = text(*name, "name");
         if (const auto* parameters = in.get("parameters")) {
             for (const auto& [name, value] : table(*parameters, "unit.parameters")) {
@@ -119,21 +122,15 @@ private:
         }
     }
 
-    std::string readScript(const toml::node& node) const {
+    std::string scriptOf(const toml::node& node) const {
         const std::filesystem::path script = case_.file.parent_path() / pathOf(text(node, "script"));
-        std::string content;
         try {
-            content = readText(script);
+            return readScript(script);
         }
         catch (const std::runtime_error& error) {
             fail(lineOf(node),
                  fmt::format("the script '{}' cannot be read: {}", textOf(script), error.what()));
         }
-        if (COBIA::wellFormed(content) != content) {
-            fail(lineOf(node),
-                 fmt::format("the script '{}' is not UTF-8 text; save it as UTF-8", textOf(script)));
-        }
-        return content;
     }
 
     CaseValue parameterValue(const std::string& name, const toml::node& node) const {
@@ -280,7 +277,8 @@ CaseFile readCase(std::string_view text, const std::filesystem::path& file) {
     }
 }
 
-CaseParameter readSetting(std::string_view text) {
+std::pair<std::string, std::string> readAssignment(std::string_view text, std::string_view option,
+                                                   std::string_view form) {
     const auto trimmed = [](std::string_view part) {
         while (!part.empty() && part.front() == ' ') part.remove_prefix(1);
         while (!part.empty() && part.back() == ' ') part.remove_suffix(1);
@@ -288,9 +286,14 @@ CaseParameter readSetting(std::string_view text) {
     };
     const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos || trimmed(text.substr(0, equals)).empty()) {
-        throw CaseError(fmt::format("--set '{}' is not NAME=VALUE, such as --set \"Heat Duty=5e4\"", text));
+        throw CaseError(fmt::format("{} '{}' is not {}", option, text, form));
     }
-    return {trimmed(text.substr(0, equals)), RawText{trimmed(text.substr(equals + 1))}, "--set"};
+    return {trimmed(text.substr(0, equals)), trimmed(text.substr(equals + 1))};
+}
+
+CaseParameter readSetting(std::string_view text) {
+    auto [name, value] = readAssignment(text, "--set", "NAME=VALUE, such as --set \"Heat Duty=5e4\"");
+    return {std::move(name), RawText{std::move(value)}, "--set"};
 }
 
 }  // namespace orvane::host

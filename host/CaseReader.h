@@ -5,7 +5,9 @@
 #include "host/CaseFile.h"
 
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace orvane::host {
 
@@ -14,6 +16,11 @@ CaseFile readCase(const std::filesystem::path& file);
 
 /// As readCase, from a text; `file` is what messages name and what the script's path is relative to.
 CaseFile readCase(std::string_view text, const std::filesystem::path& file);
+
+/// "NAME=VALUE" in its two parts, without blanks around them. Throws CaseError that names the option, and the form that it
+/// takes.
+std::pair<std::string, std::string> readAssignment(std::string_view text, std::string_view option,
+                                                   std::string_view form);
 
 /// "Heat Duty=5e4", as --set takes it. Throws CaseError.
 CaseParameter readSetting(std::string_view text);

@@ -4,12 +4,12 @@
 #pragma once
 
 #include "host/CaseFile.h"
+#include "host/CaseStreams.h"
 #include "host/Closure.h"
 #include "host/RunResult.h"
 #include "host/UnitSession.h"
 
-#include <functional>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,9 +18,10 @@ namespace orvane::host {
 /// The steps in their order: prepare, validate, calculate. Each puts what it finds into result().
 class CaseRun {
 public:
-    /// Gives the unit its script. Throws cape_open_error. `settings` come after the case's own parameters.
+    /// Gives the unit its script, or a saved state, in which the case's script takes the place of the saved one. Throws
+    /// cape_open_error. `settings` come after the case's own parameters, and these after the saved ones.
     CaseRun(const CaseFile& caseFile, std::vector<CaseParameter> settings, UnitSession& session,
-            COBIA::Ref<SimulationContext> context);
+            COBIA::Ref<SimulationContext> context, const COBIA::Ref<PersistStore>& state = nullptr);
 
     /// Makes and connects the streams and sets the parameters. Throws CaseError for what does not fit the
     /// unit, and UnitInvalid when the script's Configure failed and left nothing to fit.
@@ -40,22 +41,18 @@ public:
     RunResult& result() { return result_; }
 
 private:
-    struct Stream {
-        UnitPort port;
-        COBIA::Ref<MaterialObject> material;
-    };
-
-    void connectStreams();
     void setParameters();
-    /// Throws CaseError, unless it is Configure that failed: then UnitInvalid.
-    [[noreturn]] void failToFit(const std::string& message);
+    /// Starts the messages of a calculation; those before the first one are kept.
+    void startMessages();
 
     const CaseFile& case_;
     std::vector<CaseParameter> settings_;
     UnitSession& session_;
     COBIA::Ref<SimulationContext> context_;
-    std::vector<Stream> streams_;
+    CaseStreams streams_;
     std::vector<UnitParameter> parameters_;
+    std::vector<std::string> messages_;  // of the unit, before its first calculation
+    bool calculated_ = false;
     RunResult result_;
     std::optional<Closure> closure_;
 };

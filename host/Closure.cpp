@@ -27,9 +27,20 @@ std::optional<Closure> closure(const RunResult& result) {
     for (const ParameterResult& parameter : result.parameters) {
         const auto* power = std::get_if<double>(&parameter.value);
         if (!parameter.isPower || !power || std::isnan(*power)) continue;
+        if (!parameter.isInput && !result.energies.empty()) continue;
         closure.supplied += *power;
         closure.suppliedBy.push_back(parameter.name);
         energy.scale += std::abs(*power);
+    }
+    for (const EnergyResult& stream : result.energies) {
+        if (std::isnan(stream.work)) return std::nullopt;
+        energy.scale += std::abs(stream.work);
+        if (!stream.isFeed) {
+            energy.out += stream.work;
+            continue;
+        }
+        closure.supplied += stream.work;
+        closure.suppliedBy.push_back(stream.port);
     }
     energy.in += closure.supplied;
     for (Balance& balance : closure.compounds) balance.scale = std::max(balance.in, balance.out);
@@ -48,7 +59,7 @@ std::vector<std::string> Closure::warnings() const {
     for (const Balance& balance : compounds) check(balance, "mol/s", "");
     check(energy, "W",
           suppliedBy.empty()
-              ? "; no parameter is a power, so nothing counts as supplied"
+              ? "; no parameter is a power and no energy stream goes in, so nothing counts as supplied"
               : fmt::format("; supplied by '{}': {:.7g} W", fmt::join(suppliedBy, "', '"), supplied));
     return result;
 }

@@ -27,8 +27,10 @@ struct Closure {
     std::vector<Balance> compounds;  ///< mol/s
     /// Enthalpy flow [W]: `in` is that of the feeds and what is supplied.
     Balance energy;
-    double supplied = 0;                  ///< W, the sum of the powers below
-    std::vector<std::string> suppliedBy;  ///< the parameters that are powers
+    double supplied = 0;  ///< W, the sum of the powers below
+    /// The parameters that are powers, and the energy streams that go in. Where a unit has energy streams these say what it
+    /// gives off, and powers that are outputs say it again: those do not count then.
+    std::vector<std::string> suppliedBy;
 
     /// One sentence for each balance that is off by more than closureTolerance.
     std::vector<std::string> warnings() const;

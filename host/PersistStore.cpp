@@ -75,7 +75,7 @@ void PersistStore::put(std::string name, Stored content) {
 
 const PersistStore::Stored& PersistStore::stored(const std::string& name) const {
     const auto found = entry(items_, name);
-    if (found == items_.end()) throw COBIA::cape_open_error(COBIA::noSuchItem);
+    if (found == items_.end()) fail(name, COBIA::noSuchItem);
     return found->second;
 }
 
@@ -95,6 +95,11 @@ COBIA::Ref<COBIA::ICapePersistReader> PersistStore::node(std::string name) const
     const auto found = entry(nodes_, name);
     if (found == nodes_.end()) throw COBIA::cape_open_error(COBIA::noSuchItem);
     return COBIA::Ref<COBIA::ICapePersistReader>::share(found->second->as<COBIA::ICapePersistReader>());
+}
+
+void PersistStore::fail(const std::string& name, COBIA::CapeResult code) const {
+    failedItem_ = name;
+    throw COBIA::cape_open_error(code);
 }
 
 }  // namespace orvane::host

@@ -43,6 +43,9 @@ public:
     void addBytes(std::string name, Span<COBIA::CapeByte> values);
     COBIA::Ref<COBIA::ICapePersistWriter> addNode(std::string name);
 
+    /// The item whose reading failed last; empty when none did.
+    const std::string& failedItem() const { return failedItem_; }
+
     /// The host's own way to add texts.
     void addTexts(std::string name, std::vector<std::string> texts);
 
@@ -83,16 +86,18 @@ private:
     template <Kind kind> using Content = std::variant_alternative_t<static_cast<std::size_t>(kind), Stored>;
     template <Kind kind> const Content<kind>& get(const std::string& name) const {
         const auto* content = std::get_if<static_cast<std::size_t>(kind)>(&stored(name));
-        if (!content) throw COBIA::cape_open_error(wrongType);
+        if (!content) fail(name, wrongType);
         return *content;
     }
     void put(std::string name, Stored content);
     const Stored& stored(const std::string& name) const;
+    [[noreturn]] void fail(const std::string& name, COBIA::CapeResult code) const;
 
     static constexpr COBIA::CapeResult wrongType = 111;
 
     std::vector<std::pair<std::string, Stored>> items_;
     std::vector<std::pair<std::string, COBIA::Ref<PersistStore>>> nodes_;
+    mutable std::string failedItem_;
 };
 
 }  // namespace orvane::host

@@ -95,6 +95,19 @@ std::string resultJson(const RunResult& result) {
     Json streams = Json::object();
     for (const StreamResult& of : result.streams) streams[of.port] = stream(result, of);
 
+    Json energies = Json::object();
+    for (const EnergyResult& of : result.energies) {
+        energies[of.port] = {{"work", of.work},
+                             {"temperature_low", of.temperatureLow},
+                             {"temperature_high", of.temperatureHigh},
+                             {"axis_frequency", of.axisFrequency}};
+    }
+    Json informations = Json::object();
+    for (const InformationResult& of : result.informations)
+        informations[of.port] = {{"name", of.name}, {"value", of.value}, {"unit", of.unit}};
+    Json reports = Json::object();
+    for (const auto& [name, report] : result.reports) reports[name] = report;
+
     Json root = Json::object();
     root["valid"] = result.valid ? Json(*result.valid) : Json(nullptr);
     root["message"] = result.message;
@@ -104,9 +117,9 @@ std::string resultJson(const RunResult& result) {
     root["warnings"] = result.warnings;
     root["parameters"] = std::move(parameters);
     root["streams"] = std::move(streams);
-    root["energy"] = Json::object();
-    root["information"] = Json::object();
-    root["reports"] = Json::object();
+    root["energy"] = std::move(energies);
+    root["information"] = std::move(informations);
+    root["reports"] = std::move(reports);
     root["elapsed_seconds"] = result.elapsedSeconds;
 
     std::string text;

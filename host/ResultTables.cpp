@@ -1,6 +1,7 @@
 #include "host/ResultTables.h"
 
 #include "host/Table.h"
+#include "host/ValueText.h"
 
 #include <cmath>
 #include <fmt/format.h>
@@ -8,26 +9,6 @@
 
 namespace orvane::host {
 namespace {
-
-constexpr std::string_view unknown = "-";
-
-/// Seven significant digits: what an equation of state is good for, and enough to see a balance close.
-std::string number(double value) {
-    return std::isnan(value) ? std::string(unknown) : fmt::format("{:.7g}", value);
-}
-
-std::string shown(const ParameterValue& value) {
-    if (const auto* real = std::get_if<double>(&value)) return number(*real);
-    if (const auto* integer = std::get_if<std::int32_t>(&value)) return std::to_string(*integer);
-    if (const auto* boolean = std::get_if<bool>(&value)) return *boolean ? "true" : "false";
-    if (const auto* text = std::get_if<std::string>(&value)) return *text;
-    if (const auto* reals = std::get_if<std::vector<double>>(&value)) {
-        std::string result;
-        for (const double element : *reals) result += (result.empty() ? "" : ", ") + number(element);
-        return "[" + result + "]";
-    }
-    return std::string(unknown);
-}
 
 std::string streamTable(const RunResult& result) {
     Table table;
@@ -37,22 +18,53 @@ std::string streamTable(const RunResult& result) {
         table.row(std::move(cells));
     };
     row("Streams", [](const auto& stream) { return stream.port; });
-    row("  Temperature [K]", [](const auto& stream) { return number(stream.temperature); });
-    row("  Pressure [Pa]", [](const auto& stream) { return number(stream.pressure); });
-    row("  Flow rate [mol/s]", [](const auto& stream) { return number(stream.flowRate); });
-    row("  Vapour fraction [mol/mol]", [](const auto& stream) { return number(stream.vaporFraction); });
-    row("  Enthalpy [J/mol]", [](const auto& stream) { return number(stream.enthalpy); });
-    row("  Entropy [J/mol/K]", [](const auto& stream) { return number(stream.entropy); });
+    row("  Temperature [K]", [](const auto& stream) { return numberText(stream.temperature); });
+    row("  Pressure [Pa]", [](const auto& stream) { return numberText(stream.pressure); });
+    row("  Flow rate [mol/s]", [](const auto& stream) { return numberText(stream.flowRate); });
+    row("  Vapour fraction [mol/mol]", [](const auto& stream) { return numberText(stream.vaporFraction); });
+    row("  Enthalpy [J/mol]", [](const auto& stream) { return numberText(stream.enthalpy); });
+    row("  Entropy [J/mol/K]", [](const auto& stream) { return numberText(stream.entropy); });
     row("  Phases", [](const auto& stream) {
         std::string labels;
         for (const StreamPhase& phase : stream.phases) labels += (labels.empty() ? "" : "+") + phase.label;
-        return labels.empty() ? std::string(unknown) : labels;
+        return labels.empty() ? std::string(unknownText) : labels;
     });
     table.row({"  Composition [mol/mol]"});
     for (std::size_t i = 0; i < result.compounds.size(); ++i) {
         row("    " + result.compounds[i], [i](const auto& stream) {
-            return stream.composition.empty() ? std::string(unknown) : number(stream.composition[i]);
+            return stream.composition.empty() ? std::string(unknownText) : numberText(stream.composition[i]);
         });
+    }
+    return table.text();
+}
+
+std::string energyTable(const RunResult& result) {
+    Table table;
+    const auto row = [&](std::string heading, double EnergyResult::*value, bool always) {
+        bool any = always;
+        std::vector<std::string> cells{std::move(heading)};
+        for (const EnergyResult& energy : result.energies) {
+            cells.push_back(numberText(energy.*value));
+            any = any || !std::isnan(energy.*value);
+        }
+        if (any) table.row(std::move(cells));
+    };
+    std::vector<std::string> ports{"Energy"};
+    for (const EnergyResult& energy : result.energies) ports.push_back(energy.port);
+    table.row(std::move(ports));
+    row("  Work [W]", &EnergyResult::work, true);
+    row("  Lower temperature [K]", &EnergyResult::temperatureLow, false);
+    row("  Upper temperature [K]", &EnergyResult::temperatureHigh, false);
+    row("  Axis frequency [1/s]", &EnergyResult::axisFrequency, false);
+    return table.text();
+}
+
+std::string informationTable(const RunResult& result) {
+    Table table;
+    table.row({"Information"});
+    for (const InformationResult& of : result.informations) {
+        table.row({fmt::format("  {}: {}{}", of.port, of.name, of.unit.empty() ? "" : " [" + of.unit + "]"),
+                   numberText(of.value)});
     }
     return table.text();
 }
@@ -64,7 +76,7 @@ std::string parameterTable(const RunResult& result) {
         table.row({fmt::format("  {}{}{}", parameter.name,
                                parameter.unit.empty() ? "" : " [" + parameter.unit + "]",
                                parameter.isInput ? "" : " (output)"),
-                   shown(parameter.value)});
+                   valueText(parameter.value)});
     }
     return table.text();
 }
@@ -72,7 +84,7 @@ std::string parameterTable(const RunResult& result) {
 std::string closureTable(const Closure& closure) {
     Table table;
     const auto row = [&](const std::string& heading, const Balance& balance) {
-        table.row({heading, number(balance.in), number(balance.out),
+        table.row({heading, numberText(balance.in), numberText(balance.out),
                    fmt::format("{:.2e}", balance.difference()),
                    fmt::format("{:.1e}", std::abs(balance.relative()))});
     };
@@ -82,7 +94,7 @@ std::string closureTable(const Closure& closure) {
     std::string text = table.text();
     if (!closure.suppliedBy.empty()) {
         text += fmt::format("    of the energy in, supplied by '{}': {} W\n",
-                            fmt::join(closure.suppliedBy, "', '"), number(closure.supplied));
+                            fmt::join(closure.suppliedBy, "', '"), numberText(closure.supplied));
     }
     return text;
 }
@@ -93,6 +105,8 @@ std::string resultTables(const RunResult& result, const std::optional<Closure>& 
     std::string text;
     const auto add = [&](const std::string& part) { text += (text.empty() ? "" : "\n") + part; };
     if (!result.streams.empty()) add(streamTable(result));
+    if (!result.energies.empty()) add(energyTable(result));
+    if (!result.informations.empty()) add(informationTable(result));
     if (!result.parameters.empty()) add(parameterTable(result));
     if (closure) add(closureTable(*closure));
     return text;

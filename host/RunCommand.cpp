@@ -1,5 +1,6 @@
 #include "host/RunCommand.h"
 
+#include "host/CalculationReport.h"
 #include "host/CaseReader.h"
 #include "host/CaseRun.h"
 #include "host/Closure.h"
@@ -8,6 +9,7 @@
 #include "host/Path.h"
 #include "host/ResultJson.h"
 #include "host/ResultTables.h"
+#include "host/StateFile.h"
 #include "host/System.h"
 #include "host/Watchdog.h"
 
@@ -54,6 +56,14 @@ private:
         const CaseFile caseFile = readCase(options_.caseFile);
         std::vector<CaseParameter> settings;
         for (const std::string& setting : options_.settings) settings.push_back(readSetting(setting));
+        std::vector<ImageRequest> images = options_.drawings;
+        for (const std::string& image : options_.images) {
+            auto [name, file] =
+                readAssignment(image, "--image", "NAME=FILE, such as --image Profile=profile.png");
+            images.push_back({std::move(name), std::move(file)});
+        }
+        const ReportRequests requests(options_.reports, std::move(images));
+        const auto state = options_.load ? loadStateFile(*options_.load) : nullptr;
         result_.compounds = caseFile.package->ids();
 
         // Before the module is loaded: loading, and the script's Configure, may be what never ends.
@@ -69,18 +79,36 @@ private:
 
         const ModuleLoader module(options_.module);
         const auto context = COBIA::makeObject<SimulationContext>();
+        if (options_.imageSize) context->setImageSize(options_.imageSize->first, options_.imageSize->second);
         UnitSession session(module, context);
         interrupts_.emplace();
-        CaseRun run(caseFile, std::move(settings), session, context);
-        carryOut(run);
+        std::optional<CaseRun> run;
+        try {
+            run.emplace(caseFile, std::move(settings), session, context, state);
+        }
+        catch (const COBIA::cape_open_error& error) {
+            if (!state) throw;
+            throw CaseError(
+                fmt::format("{}: the unit does not take this state: {}", options_.load->string(),
+                            error.code() == COBIA::capeOpenError
+                                ? error.directText()
+                                : fmt::format("item '{}': {}", state->failedItem(), error.directText())));
+        }
+        carryOut(*run, session, requests);
+        if (exitCode_ == exitSuccess && !stopAsked()) finish(session, *context, requests);
     }
 
-    void carryOut(CaseRun& run) {
+    void carryOut(CaseRun& run, UnitSession& session, const ReportRequests& requests) {
         std::string unitError;
+        bool calculated = false;
         try {
             run.prepare();
             if (!run.validate()) throw UnitInvalid(run.result().message);
-            if (!options_.validateOnly) calculate(run);
+            requests.check(session);
+            if (options_.show != Show::verdict) {
+                calculated = true;
+                calculate(run);
+            }
         }
         catch (const UnitInvalid& error) {
             fail(exitUnitFailed, fmt::format("the unit is not valid: {}", error.what()));
@@ -90,11 +118,28 @@ private:
             unitError = error.directText();
         }
         run.collect(unitError);
+        if (calculated) requests.collect(session, run.result());
         closure_ = run.closure();
         std::string error = std::move(result_.error);
         result_ = std::move(run.result());
         result_.error = std::move(error);
         result_.success = exitCode_ == exitSuccess;
+    }
+
+    /// What is made of a unit whose calculation succeeded.
+    void finish(UnitSession& session, SimulationContext& context, const ReportRequests& requests) {
+        context.forgetMessages();
+        try {
+            requests.draw(session);
+            if (options_.save) writeWhole(*options_.save, stateText(*session.saveState()));
+        }
+        catch (const COBIA::cape_open_error& error) {
+            fail(exitUnitFailed, error.directText());
+        }
+        catch (const std::runtime_error& error) {
+            fail(exitWrongUse, error.what());
+        }
+        for (auto& message : context.messages()) result_.warnings.push_back(std::move(message));
     }
 
     void calculate(CaseRun& run) {
@@ -134,18 +179,30 @@ private:
     }
 
     void showTables() {
-        if (!result_.output.empty()) fmt::print("{}\n\n", result_.output);
-        if (exitCode_ == exitSuccess && options_.validateOnly) {
+        const bool succeeded = exitCode_ == exitSuccess;
+        if (options_.show == Show::tables || options_.show == Show::verdict) {
+            if (!result_.output.empty()) fmt::print("{}\n\n", result_.output);
+        }
+        if (options_.show == Show::verdict && succeeded)
             fmt::print("{}: the unit is valid\n", textOf(options_.caseFile));
-        } else if (exitCode_ == exitSuccess) {
+        if (options_.show == Show::tables && succeeded) {
             fmt::print("{}", resultTables(result_, closure_));
             if (options_.repeat > 1) {
                 fmt::print("\n{} calculations, {:.3g} s each on average\n", options_.repeat,
                            result_.elapsedSeconds);
             }
         }
+        for (const auto& [name, text] : result_.reports) {
+            if (options_.show == Show::tables) fmt::print("\nReport '{}'\n", name);
+            if (options_.show != Show::nothing) fmt::print("{}", endingInLine(plainLineEnds(text)));
+        }
         if (std::fflush(stdout) != 0)
             fail(exitWrongUse, "the results could not be written to standard output");
+    }
+
+    static std::string endingInLine(std::string text) {
+        if (!text.empty() && !text.ends_with('\n')) text += '\n';
+        return text;
     }
 
     static void say(std::string_view kind, std::string_view text) {

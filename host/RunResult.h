@@ -41,6 +41,25 @@ std::vector<std::string> streamWarnings(const std::string& port, const MaterialO
 /// What a material object holds now. Energies are left NaN when the package cannot give them.
 StreamResult streamResult(std::string port, bool isFeed, const MaterialObject& material);
 
+/// An energy stream at the end of a run. NaN where it has no such value.
+struct EnergyResult {
+    std::string port;
+    bool isFeed = false;
+    double work = notKnown;             ///< W
+    double temperatureLow = notKnown;   ///< K
+    double temperatureHigh = notKnown;  ///< K
+    double axisFrequency = notKnown;    ///< 1/s
+};
+
+/// An information stream at the end of a run.
+struct InformationResult {
+    std::string port;
+    bool isFeed = false;
+    std::string name;         ///< of the parameter
+    std::string unit;         ///< "K", or empty
+    double value = notKnown;  ///< SI units
+};
+
 struct ParameterResult {
     std::string name;
     std::string unit;
@@ -59,8 +78,11 @@ struct RunResult {
     std::string output;  ///< what the script printed
     std::vector<std::string> warnings;
     std::vector<ParameterResult> parameters;
-    std::vector<StreamResult> streams;  ///< in the order of the ports
-    double elapsedSeconds = notKnown;   ///< of one calculation, the mean where there were several
+    std::vector<StreamResult> streams;  ///< in the order of the ports, as are the next two
+    std::vector<EnergyResult> energies;
+    std::vector<InformationResult> informations;
+    std::vector<std::pair<std::string, std::string>> reports;  ///< those asked for: name, text
+    double elapsedSeconds = notKnown;  ///< of one calculation, the mean where there were several
 };
 
 }  // namespace orvane::host

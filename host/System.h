@@ -49,6 +49,9 @@ bool saysPythonIsMissing(std::string_view loaderText);
 /// What to do about it, as one sentence.
 std::string_view pythonAdvice();
 
+/// The files of the Python interpreters that are loaded in this process.
+std::vector<std::string> pythonLibraries();
+
 /// Whether standard error is a terminal.
 bool errorIsTerminal();
 

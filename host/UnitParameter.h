@@ -21,6 +21,8 @@ public:
     explicit UnitParameter(COBIA::Ref<COBIA::ICapeInterface> item);
 
     const std::string& name() const { return name_; }
+    const COBIA::Ref<COBIA::ICapeInterface>& item() const { return item_; }
+    COBIA::CapeParamType type() const { return type_; }
     bool isInput() const { return mode_ != COBIA::CapeParamMode::output; }
     /// "W", or empty.
     const std::string& unit() const { return unit_; }

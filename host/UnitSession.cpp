@@ -1,7 +1,6 @@
 #include "host/UnitSession.h"
 
 #include "host/Path.h"
-#include "host/PersistStore.h"
 
 namespace orvane::host {
 
@@ -24,9 +23,32 @@ template <class Body> auto needingInterpreter(Body&& body) {
 }  // namespace
 
 UnitPort::UnitPort(Ref<ICapeInterface> item) : port_(query<ICapeUnitPort>(item)) {
-    name_ = text<&ICapeIdentification::Table::getComponentName>(query<ICapeIdentification>(item).get());
+    const auto identification = query<ICapeIdentification>(item);
+    name_ = text<&ICapeIdentification::Table::getComponentName>(identification.get());
+    description_ = text<&ICapeIdentification::Table::getComponentDescription>(identification.get());
     call<&ICapeUnitPort::Table::getPortType>(port_, &type_);
     call<&ICapeUnitPort::Table::getDirection>(port_, &direction_);
+}
+
+const char* UnitPort::typeName(CapePortType type) {
+    switch (type) {
+    case CapePortType::material: return "material";
+    case CapePortType::energy: return "energy";
+    case CapePortType::information: return "information";
+    default: return "any";
+    }
+}
+
+UnitPort::Wanted UnitPort::wanted() const {
+    const auto collection = query<ICapeCollection>(port_);
+    if (!collection) return {name_, {}};
+    const auto item =
+        obtain<ICapeInterface, &ICapeCollection::Table::ItemByIndex>(collection.get(), CapeInteger{0});
+    RealArray dimensionality;
+    call<&ICapeRealParameterSpecification::Table::getDimensionality>(
+        query<ICapeRealParameterSpecification>(item), dimensionality.out());
+    return {text<&ICapeIdentification::Table::getComponentName>(query<ICapeIdentification>(item).get()),
+            {dimensionality.view().begin(), dimensionality.view().end()}};
 }
 
 UnitSession::UnitSession(const ModuleLoader& module, Ref<SimulationContext> context)
@@ -63,6 +85,12 @@ void UnitSession::setName(const std::string& name) {
                                                         StringObject(name).in());
 }
 
+Ref<ICapePersist> UnitSession::persistence() {
+    auto result = query<ICapePersist>(object_);
+    if (!result) throw cape_open_error("the unit keeps no state: it does not offer ICapePersist");
+    return result;
+}
+
 void UnitSession::loadScript(const std::string& script) {
     const auto store = makeObject<PersistStore>();
     store->addString("python", script);
@@ -70,10 +98,18 @@ void UnitSession::loadScript(const std::string& script) {
         store->addString(empty, "");
     store->addTexts("parameterNames", {});
     store->addIntegers("parameterTypes", {});
-    const auto persistence = query<ICapePersist>(object_);
-    if (!persistence) throw cape_open_error("the unit takes no script: it does not offer ICapePersist");
+    loadState(*store);
+}
+
+void UnitSession::loadState(PersistStore& state) {
     needingInterpreter(
-        [&] { call<&ICapePersist::Table::Load>(persistence, store->as<ICapePersistReader>()); });
+        [&] { call<&ICapePersist::Table::Load>(persistence(), state.as<ICapePersistReader>()); });
+}
+
+Ref<PersistStore> UnitSession::saveState() {
+    auto state = makeObject<PersistStore>();
+    call<&ICapePersist::Table::Save>(persistence(), state->as<ICapePersistWriter>(), CapeBoolean{1});
+    return state;
 }
 
 template <class Item> std::vector<Item> UnitSession::items(const Ref<ICapeCollection>& collection) {
@@ -111,13 +147,41 @@ Verdict UnitSession::validate() {
 
 void UnitSession::calculate() { call<&ICapeUnit::Table::Calculate>(unit_); }
 
-std::optional<std::string> UnitSession::lastCalculation() {
+namespace {
+
+constexpr const char* onlyLocale = "eng";
+
+}  // namespace
+
+std::vector<UnitReport> UnitSession::reports() {
     const auto report = query<ICapeReport>(object_);
-    if (!report) return std::nullopt;
-    const StringObject name("Last Calculation"), type("text/plain"), locale("eng");
-    StringObject content;
-    call<&ICapeReport::Table::GenerateReport>(report, name.in(), type.in(), locale.in(), content.out());
-    return content.utf8();
+    if (!report) return {};
+    StringArray names;
+    needingInterpreter([&] { call<&ICapeReport::Table::getReportNames>(report, names.out()); });
+    std::vector<UnitReport> result;
+    for (const std::string& name : names.utf8()) {
+        StringArray types;
+        call<&ICapeReport::Table::ReportTypes>(report, StringObject(name).in(), types.out());
+        for (const std::string& type : types.utf8()) result.push_back({name, type});
+    }
+    return result;
+}
+
+std::string UnitSession::reportText(const std::string& name) {
+    return text<&ICapeReport::Table::GenerateReport>(query<ICapeReport>(object_).get(),
+                                                     StringObject(name).in(), StringObject("text/plain").in(),
+                                                     StringObject(onlyLocale).in());
+}
+
+void UnitSession::drawImage(const std::string& name, const std::filesystem::path& file) {
+    call<&ICapeReport::Table::GenerateReportFile>(
+        query<ICapeReport>(object_), StringObject(name).in(), StringObject("image/png").in(),
+        StringObject(onlyLocale).in(), StringObject(std::filesystem::absolute(file).string()).in());
+}
+
+std::optional<std::string> UnitSession::lastCalculation() {
+    if (!query<ICapeReport>(object_)) return std::nullopt;
+    return reportText("Last Calculation");
 }
 
 }  // namespace orvane::host

@@ -65,6 +65,18 @@ std::string unitText(std::span<const double> dimensionality) {
     return text;
 }
 
+std::optional<std::vector<double>> exponentsOf(std::string_view unit) {
+    for (const Named& candidate : named) {
+        if (candidate.text == unit)
+            return std::vector(candidate.exponents.begin(), candidate.exponents.end());
+    }
+    const auto base = std::ranges::find(baseUnits, unit);
+    if (base == std::end(baseUnits)) return std::nullopt;
+    std::vector<double> exponents(std::size(baseUnits));
+    exponents[static_cast<std::size_t>(base - std::begin(baseUnits))] = 1;
+    return exponents;
+}
+
 bool isPower(std::span<const double> dimensionality) { return padded(dimensionality) == watt; }
 
 }  // namespace orvane::host

@@ -11,8 +11,9 @@ namespace orvane {
 /// reason.
 std::string readFile(const std::string& path);
 
-/// Makes the file hold these bytes and no others. When this throws COBIA::StringException, with the path and
-/// the system's reason, the file may be cut short.
+/// Makes the file hold these bytes and no others, whole or not at all: they are written beside it under a temporary name,
+/// which then takes its place. Permissions stay, a link leads where it led; what is there and is no regular file (a pipe, a
+/// device) is written directly. Throws COBIA::StringException with the path and the system's reason.
 void writeFile(const std::string& path, std::string_view bytes);
 
 }  // namespace orvane

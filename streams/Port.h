@@ -36,6 +36,9 @@ protected:
     ~PortOwner() = default;
 };
 
+/// The version of the interfaces of what is connected to a port.
+enum class CapeOpenVersion { v1_2 = 0 };
+
 class Port : public COBIA::CapeOpenObject<Port, COBIA::UnitPortAdapter, COBIA::IdentificationAdapter> {
 public:
     // ICapeUnitPort
@@ -66,7 +69,7 @@ public:
     /// What the script finds under the port's name in unit.ports; empty when nothing is connected. Python.
     virtual PyRef scriptObject() = 0;
     /// True when the other port, of a later Configure, is this one with a new definition.
-    bool sameKind(const Port& other) const {
+    virtual bool sameKind(const Port& other) const {
         return portType() == other.portType() && isFeed_ == other.isFeed_;
     }
     /// Takes the definition of a port of the same kind over; the connection stays.
@@ -78,7 +81,7 @@ public:
 protected:
     Port(PortOwner& owner, std::string name, std::string description, bool isFeed, bool optional);
 
-    /// Throws when the object cannot be connected here.
+    /// Throws when the object cannot be connected here; the connection there is then stays as it was.
     virtual void checkConnection(COBIA::ICapeInterface* object) = 0;
     std::string errorSource() const override { return description_; }
 

@@ -98,12 +98,9 @@ public:
     virtual MaterialPort& port() = 0;
 };
 
-/// The version of the thermodynamic interfaces on a port.
-enum class ThermoVersion { capeOpen_1_2 = 0 };
-
 /// A wrapper of the object that is connected to the port. Throws StringException for a version other than 1.2
 /// and for an object that is no material.
-std::unique_ptr<CapeMaterial> makeMaterial(ThermoVersion version, MaterialPort& port, PortOwner& owner,
+std::unique_ptr<CapeMaterial> makeMaterial(CapeOpenVersion version, MaterialPort& port, PortOwner& owner,
                                            COBIA::ICapeInterface* object);
 
 }  // namespace orvane

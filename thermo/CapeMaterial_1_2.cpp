@@ -86,9 +86,9 @@ template <class Read> void readOnBasis(const PropertyName& name, Read&& read) {
 
 }  // namespace
 
-std::unique_ptr<CapeMaterial> makeMaterial(ThermoVersion version, MaterialPort& port, PortOwner& owner,
+std::unique_ptr<CapeMaterial> makeMaterial(CapeOpenVersion version, MaterialPort& port, PortOwner& owner,
                                            ICapeInterface* object) {
-    if (version != ThermoVersion::capeOpen_1_2) throw StringException("Unsupported CAPE-OPEN version");
+    if (version != CapeOpenVersion::v1_2) throw StringException("Unsupported CAPE-OPEN version");
     return std::make_unique<CapeMaterial_1_2>(port, owner, object);
 }
 

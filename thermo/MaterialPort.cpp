@@ -36,7 +36,7 @@ CompoundList MaterialPort::compoundList() { return material()->compounds(); }
 std::unique_ptr<CapeMaterial> MaterialPort::material() {
     const Ref<ICapeInterface> object = connectedObject();
     if (!object) throw cape_open_error(nullPointer);
-    return makeMaterial(ThermoVersion::capeOpen_1_2, *this, owner(), object.get());
+    return makeMaterial(CapeOpenVersion::v1_2, *this, owner(), object.get());
 }
 
 }  // namespace orvane

@@ -89,14 +89,20 @@ void OrvaneOperation::save(ICapePersistWriter* writer, bool) {
     UnitState state;
     if (!scriptFile_) throw StringException(scriptFileError_);
     state.script = readFile(scriptFile_->path());
+    if (wellFormed(state.script) != state.script)
+        warn("The script is not UTF-8 text; what is not is saved as U+FFFD");
     state.lastOutput = lastOutput_;
     state.runReportHeader = runReportHeader_;
     state.runReportFooter = runReportFooter_;
-    for (const Ref<Parameter>& parameter : parameters_->items())
-        state.parameters.push_back({parameter->name(), parameter->storedValue()});
+    // Values that still wait for a Configure that succeeds go on as they came.
+    state.parameters = savedValues_;
+    if (state.parameters.empty())
+        for (const Ref<Parameter>& parameter : parameters_->items())
+            state.parameters.push_back({parameter->name(), parameter->storedValue()});
     state.reports.assign(reports_.begin(), reports_.end());
     state.images = declared_.images;
     state.privateData = storePrivateData(*this, script_);
+    if (state.privateData.empty()) state.privateData = unreadPrivateData_;
     writeState(writer, state);
 }
 
@@ -104,21 +110,24 @@ void OrvaneOperation::load(ICapePersistReader* reader) {
     if (!reader) throw cape_open_error(nullPointer);
     std::vector<std::string> warnings;
     UnitState state = readState(reader, warnings);
+    const ScriptSession session;
     writeScript(state.script);
 
+    // From here on nothing fails but telling the host of warnings.
     needsReload_ = needsConfigure_ = true;
     lastOutput_ = std::move(state.lastOutput);
     runReportHeader_ = std::move(state.runReportHeader);
     runReportFooter_ = std::move(state.runReportFooter);
     reports_.clear();
     for (auto& [name, text] : state.reports) reports_[name] = std::move(text);
-    savedValues_.clear();
-    for (auto& [name, value] : state.parameters) savedValues_[name] = std::move(value);
+    declared_.images = std::move(state.images);
+    savedValues_ = std::move(state.parameters);
     invalidate();
     modified_ = false;
 
-    const ScriptSession session;
-    if (!state.privateData.empty()) restorePrivateData(state.privateData, *this);
+    unreadPrivateData_ = std::move(state.privateData);
+    if (!unreadPrivateData_.empty() && restorePrivateData(unreadPrivateData_, *this))
+        unreadPrivateData_.clear();
     for (const std::string& warning : warnings) warn(warning);
 }
 

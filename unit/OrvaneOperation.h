@@ -17,7 +17,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace orvane {
@@ -50,9 +49,10 @@ public:
 
     // ICapePersist
 
-    /// Never clears the modified flag, whatever the host asks for.
+    /// Never clears the modified flag, whatever the host asks for. While a Configure fails, what was loaded for its
+    /// parameters is saved as it came.
     void save(COBIA::ICapePersistWriter* writer, bool clearDirty);
-    /// Takes nothing over unless all of it can be read.
+    /// Takes nothing over unless all that matters can be read; what does not is a warning.
     void load(COBIA::ICapePersistReader* reader);
     bool isDirty() const { return modified_; }
 
@@ -207,9 +207,10 @@ private:
     Declarations declaring_;  // what the running Configure has declared so far
     Declarations
         declared_;  // what the last successful one declared; ports and parameters are in the collections
-    std::map<std::string, std::string> reports_;  // text by upper-cased name
-    std::unordered_map<std::string, StoredValue>
-        savedValues_;  // loaded, until Configure declares their parameters
+    std::map<std::string, std::string> reports_;          // text by upper-cased name
+    std::vector<UnitState::SavedParameter> savedValues_;  // loaded, until Configure declares their parameters
+    std::vector<std::uint8_t>
+        unreadPrivateData_;  // loaded, but could not be restored: kept for the next Save
     /// Alive, each with a hold on objects of the host: those made outside of calls, then those of each call under way.
     std::vector<std::vector<HostObjectHolder*>> holders_{1};
     EditorTable editorTable_{*this};

@@ -128,18 +128,20 @@ void OrvaneOperation::replaceCollections(Snapshot now) {
 void OrvaneOperation::restoreSavedValues() {
     if (savedValues_.empty()) return;
     const auto saved = std::exchange(savedValues_, {});
+    std::unordered_map<std::string, const StoredValue*> byName;
+    for (const auto& [name, value] : saved) byName.emplace(name, &value);
     const bool modified = modified_;
     // All values first: a host that does not take the warning of one keeps none of the others from coming back.
     std::vector<std::string> warnings;
     for (const Ref<Parameter>& parameter : currentParameters()) {
         const std::string name = parameter->name();
-        const auto found = saved.find(name);
-        if (found == saved.end()) {
+        const auto found = byName.find(name);
+        if (found == byName.end()) {
             warnings.push_back("Value for '" + name + "' was not loaded");
             continue;
         }
         try {
-            parameter->restore(found->second);
+            parameter->restore(*found->second);
         }
         catch (const std::exception& error) {
             warnings.push_back("Value for '" + name + "' was not restored: " + error.what());

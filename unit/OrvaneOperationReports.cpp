@@ -110,6 +110,9 @@ int OrvaneOperation::contextValue(const char* name, int usual) const {
     }
     const ValueObject::Content content = value.content();
     const auto* number = std::get_if<CapeInteger>(&content);
+    if (number && *number < 1)
+        throw StringException() << "the simulation environment asks for images of " << name << " " << *number
+                                << ", which is not positive";
     return number ? *number : usual;
 }
 

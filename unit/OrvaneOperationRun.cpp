@@ -6,8 +6,8 @@
 #include "parameters/MakeParameter.h"
 #include "parameters/ParameterObject.h"
 #include "platform/Clock.h"
-#include "thermo/MaterialPort.h"
 #include "unit/CompoundCheck.h"
+#include "unit/MakePort.h"
 #include "unit/OrvaneOperation.h"
 
 #include <chrono>
@@ -116,13 +116,7 @@ void OrvaneOperation::collectOutput() {
 // What the script's calls see
 
 void OrvaneOperation::addPort(const PortDeclaration& port) {
-    declaring_.addPort(port.name, runState_ == RunState::configuring, [&]() -> Ref<Port> {
-        PortOwner& owner = *this;
-        if (port.type == PortTypeCode::material)
-            return makeObject<MaterialPort>(owner, port.name, port.isFeed, port.optional);
-        throw StringException() << "port '" << port.name
-                                << "': only material ports can be added in this version";
-    });
+    declaring_.addPort(port.name, runState_ == RunState::configuring, [&] { return makePort(*this, port); });
 }
 
 void OrvaneOperation::addParameter(const ParameterDeclaration& parameter) {

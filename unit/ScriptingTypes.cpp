@@ -5,6 +5,8 @@
 #include "engine/UnitObject.h"
 #include "parameters/Dimension.h"
 #include "parameters/ParameterObject.h"
+#include "streams/EnergyObject.h"
+#include "streams/ExternalParameter.h"
 #include "thermo/ThermoTypes.h"
 
 namespace orvane {
@@ -26,6 +28,8 @@ std::span<const ScriptingType> allScriptingTypes() {
         {&phaseType, nullptr, nullptr},
         {&phasePairType, nullptr, nullptr},
         {&phaseEquilibriumType, nullptr, nullptr},
+        {&externalParameterType, nullptr, nullptr},
+        {&energyObjectType, nullptr, nullptr},
         {&compoundType, nullptr, nullptr},
     };
     return types;

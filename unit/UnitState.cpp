@@ -2,7 +2,7 @@
 
 #include "cobia/Call.h"
 
-#include <algorithm>
+#include <optional>
 #include <type_traits>
 
 namespace orvane {
@@ -79,18 +79,22 @@ StoredValue readValue(ICapePersistReader* reader, const std::string& item, CapeI
     throw StringException("unsupported data type");
 }
 
-/// Two lists that belong together, item by item.
-void requireSameSize(const char* first, std::size_t firstSize, const char* second, std::size_t secondSize) {
-    if (firstSize != secondSize)
-        throw StringException() << "the saved state is damaged: \"" << first << "\" holds " << firstSize
-                                << " items, \"" << second << "\" " << secondSize;
+/// What is wrong with two lists that belong together, item by item.
+template <class First, class Second>
+std::optional<std::string> disagreement(const char* first, const First& firstList, const char* second,
+                                        const Second& secondList) {
+    if (firstList.size() == secondList.size()) return std::nullopt;
+    return "the saved state is damaged: \"" + std::string(first) + "\" holds " +
+           std::to_string(firstList.size()) + " items, \"" + second + "\" " +
+           std::to_string(secondList.size());
 }
 
 void readParameters(ICapePersistReader* reader, UnitState& state, std::vector<std::string>& warnings) {
     const std::vector<std::string> names = readTextItems(reader, "parameterNames");
     IntegerArray types;
     call<&Reader::GetArrayInteger>(reader, StringObject("parameterTypes").in(), types.out());
-    requireSameSize("parameterNames", names.size(), "parameterTypes", types.view().size());
+    if (const auto damage = disagreement("parameterNames", names, "parameterTypes", types.view()))
+        throw StringException(*damage);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const CapeInteger type = types.view()[i];
         if (type < 0 || type > static_cast<CapeInteger>(ParameterTypeCode::arrayReal))
@@ -171,12 +175,17 @@ UnitState readState(ICapePersistReader* reader, std::vector<std::string>& warnin
             state.privateData.assign(bytes.view().begin(), bytes.view().end());
         }
     }
-    requireSameSize("reportNames", reportNames.size(), "reportValues", reportTexts.size());
-    requireSameSize("imageNames", imageNames.size(), "imageFunctions", imageFunctions.size());
-    for (std::size_t i = 0; i < reportNames.size(); ++i)
-        state.reports.emplace_back(reportNames[i], reportTexts[i]);
-    for (std::size_t i = 0; i < imageNames.size(); ++i)
-        state.images.push_back({imageNames[i], imageFunctions[i]});
+    // The next calculation and the next Configure make them anew: no reason to refuse the script and its values.
+    if (const auto damage = disagreement("reportNames", reportNames, "reportValues", reportTexts))
+        warnings.push_back("Reports were not loaded: " + *damage);
+    else
+        for (std::size_t i = 0; i < reportNames.size(); ++i)
+            state.reports.emplace_back(reportNames[i], reportTexts[i]);
+    if (const auto damage = disagreement("imageNames", imageNames, "imageFunctions", imageFunctions))
+        warnings.push_back("Images were not loaded: " + *damage);
+    else
+        for (std::size_t i = 0; i < imageNames.size(); ++i)
+            state.images.push_back({imageNames[i], imageFunctions[i]});
     return state;
 }
 

@@ -31,8 +31,8 @@ struct UnitState {
 /// Throws cape_open_error when the host's writer fails.
 void writeState(COBIA::ICapePersistWriter* writer, const UnitState& state);
 
-/// Reads all of it before anything is used. A parameter's value that cannot be read is left out, with a warning; throws
-/// when an item is missing or damaged.
+/// Reads all of it before anything is used. A parameter's value that cannot be read is left out, with a warning, and so are
+/// reports or images whose two lists disagree; throws when another item is missing or damaged.
 UnitState readState(COBIA::ICapePersistReader* reader, std::vector<std::string>& warnings);
 
 }  // namespace orvane

@@ -1,6 +1,7 @@
 #include "host/System.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 namespace orvane::host {
 
@@ -19,6 +20,21 @@ void* DynamicLibrary::symbol(const char* name) const { return dlsym(handle_, nam
 
 bool saysPythonIsMissing(std::string_view loaderText) {
     return loaderText.find("libpython3.14.so") != std::string_view::npos;
+}
+
+std::vector<std::string> pythonLibraries() {
+    std::vector<std::string> found;
+    const auto look = [](dl_phdr_info* library, std::size_t, void* into) {
+        const std::filesystem::path file = library->dlpi_name ? library->dlpi_name : "";
+        // Not the stable interface's, which is a door to the other.
+        const std::string name = file.filename().string();
+        if (name.starts_with("libpython") && !name.starts_with("libpython3.so"))
+            static_cast<std::vector<std::string>*>(into)->push_back(
+                std::filesystem::absolute(file).lexically_normal().string());
+        return 0;
+    };
+    dl_iterate_phdr(look, &found);
+    return found;
 }
 
 std::string_view pythonAdvice() {

@@ -89,6 +89,48 @@ composition = [0, 1]
     CHECK(!read.streams[2].state);
 }
 
+TEST_CASE("A case file says energy and information streams") {
+    const CaseFile read = readCase(package + R"(
+[energy.Shaft]
+work = -5e3
+axis_frequency = 50
+
+[energy.Heating]
+temperature_low = 300
+temperature_high = 400
+work = 1
+
+[energy.Product]
+
+[information.Set]
+value = 350
+name = "Setpoint"
+dimension = "K"
+
+[information.Other]
+value = 1
+dimension = [0, 0, 0, 0, 1, 0, 0, 0, 1]
+)",
+                                   "case.toml");
+    REQUIRE(read.energies.size() == 3);
+    for (const CaseEnergy& energy : read.energies) {
+        CAPTURE(energy.port);
+        CHECK(energy.isGiven() == (energy.port != "Product"));
+        CHECK(energy.work.value_or(0) == (energy.port == "Shaft" ? -5e3 : energy.port == "Heating" ? 1 : 0));
+        CHECK(energy.axisFrequency.value_or(0) == (energy.port == "Shaft" ? 50 : 0));
+        CHECK(energy.temperatureLow.value_or(0) == (energy.port == "Heating" ? 300 : 0));
+        CHECK(energy.temperatureHigh.value_or(0) == (energy.port == "Heating" ? 400 : 0));
+    }
+    REQUIRE(read.informations.size() == 2);
+    const bool setFirst = read.informations[0].port == "Set";
+    const CaseInformation& set = read.informations[setFirst ? 0 : 1];
+    CHECK(set.value == 350);
+    CHECK(set.name == "Setpoint");
+    CHECK(set.dimensionality == std::vector<double>{0, 0, 0, 0, 1, 0, 0, 0});
+    CHECK(read.informations[setFirst ? 1 : 0].dimensionality ==
+          std::vector<double>{0, 0, 0, 0, 1, 0, 0, 0, 1});
+}
+
 TEST_CASE("A wrong case file is refused with its line and the way out") {
     struct Row {
         std::string text;
@@ -137,6 +179,19 @@ TEST_CASE("A wrong case file is refused with its line and the way out") {
         {package + "[streams.F]\ntemperature = \"5\"\n", 4, "'temperature' is to be a number, not a text"},
         {package + "[streams.F]\ntemperature = 300\nenthalpy = 1\n", 3, "temperature and enthalpy together"},
         {package + "[streams.F]\ntemperature = 300\npressure = 1\nflow_rate = -1\n", 6, "'flow_rate' is -1"},
+        {package + "[energies.F]\n", 3, "unknown key 'energies', did you mean 'energy'?"},
+        {package + "[energy.F]\nwrk = 1\n", 4, "unknown key 'wrk' in [energy.F], did you mean 'work'?"},
+        {package + "[energy.F]\nwork = inf\n", 4, "'work' is inf, which is no amount"},
+        {package + "[energy.F]\ntemperature_low = -3\n", 4,
+         "'temperature_low' is -3, which is negative; it is in K"},
+        {package + "[energy.F]\ntemperature_low = 3\n", 3, "give both temperature_low and temperature_high"},
+        {package + "[energy.F]\ntemperature_low = 5\ntemperature_high = 4\n", 4,
+         "above 'temperature_high' of 4 K"},
+        {package + "[information.F]\nvalu = 1\n", 4,
+         "unknown key 'valu' in [information.F], did you mean 'value'?"},
+        {package + "[information.F]\nvalue = true\n", 4, "'value' is to be a number, not true or false"},
+        {package + "[information.F]\ndimension = \"bar\"\n", 4, "unknown unit 'bar' of 'dimension'"},
+        {package + "[information.F]\ndimension = [1, 2, 3, 4, 5, 6, 7, 8, 9, 10]\n", 4, "has 10 exponents"},
     };
     for (const Row& row : rows) {
         CAPTURE(row.text);

@@ -42,6 +42,9 @@ RunResult heater() {
 TEST_CASE("The JSON result has every key, reals that come back exactly, and null for what is not known") {
     RunResult result = heater();
     result.streams[1].entropy = notKnown;
+    result.energies = {{"Shaft", false, 5}};
+    result.informations = {{"Signal", true, "Setpoint", "K", 350}};
+    result.reports = {{"Sum", "1 + 1\n"}};
     const std::string text = resultJson(result);
     const auto json = nlohmann::ordered_json::parse(text);
 
@@ -65,6 +68,12 @@ TEST_CASE("The JSON result has every key, reals that come back exactly, and null
     CHECK(product["phases"]["Vapor"]["fraction"].get<double>() == 1);
     CHECK(text.find("\"temperature\": 0.33333333333333331,") != std::string::npos);
     CHECK(text.ends_with("}\n"));
+
+    CHECK(json["energy"]["Shaft"]["work"].get<double>() == 5);
+    CHECK(json["energy"]["Shaft"]["axis_frequency"].is_null());
+    CHECK(json["information"]["Signal"]["value"].get<double>() == 350);
+    CHECK(json["information"]["Signal"]["name"] == "Setpoint");
+    CHECK(json["reports"]["Sum"] == "1 + 1\n");
 
     result.valid.reset();
     result.streams[0].composition.clear();
@@ -96,6 +105,18 @@ TEST_CASE("A balance is judged after what parameters supply, and relative to wha
         const auto warnings = closure(result)->warnings();
         REQUIRE(warnings.size() == 1);
         CHECK(warnings[0].find("propane does not close: in 25,") == 0);
+    }
+    SUBCASE("energy streams count, and powers that are outputs repeat what these say") {
+        result.parameters[0].isInput = false;
+        result.energies = {{"Heating", true, 6e4}, {"Shaft", false, 1e4}};
+        const auto balance = *closure(result);
+        CHECK(balance.warnings().empty());
+        CHECK(balance.supplied == 6e4);
+        CHECK(balance.suppliedBy == std::vector<std::string>{"Heating"});
+        result.energies[1].work = 0;
+        CHECK(closure(result)->warnings().size() == 1);
+        result.energies[1].work = notKnown;
+        CHECK(!closure(result));
     }
     SUBCASE("a stream that is not known leaves nothing to judge") {
         result.streams[1].enthalpy = notKnown;
@@ -142,6 +163,9 @@ TEST_CASE("Units are written as people write them") {
           Row{{}, ""}, Row{{1.5, 0, -2}, "m1.5 s-2"}, Row{{0, 1, 0, 2, 0, 0, 1}, "kg A2 cd"}}) {
         CHECK(unitText(row.exponents) == row.text);
     }
+    for (const char* unit : {"W", "K", "mol/s", "J/mol/K", "rad"})
+        CHECK(unitText(*exponentsOf(unit)) == unit);
+    CHECK(!exponentsOf("bar"));
     CHECK(isPower(std::vector<double>{2, 1, -3, 0}));
     CHECK(!isPower(std::vector<double>{2, 1, -2}));
 }

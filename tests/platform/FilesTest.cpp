@@ -58,6 +58,31 @@ TEST_CASE("A file that cannot be read or written is named, with the system's rea
     CHECK_THROWS_AS(writeFile(fs::temp_directory_path().string(), ""), COBIA::StringException);
 }
 
+TEST_CASE("A file is written whole or not at all, keeps its permissions, and a link its target") {
+    TemporaryFile place(".folder");
+    const fs::path folder = native(place.path());
+    fs::remove(folder);
+    fs::create_directory(folder);
+    const auto count = [&] {
+        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+    };
+
+    const fs::path target = folder / "report.txt", link = folder / "link.txt";
+    writeFile(target.string(), "old");
+    fs::permissions(target, fs::perms(0640));
+    fs::create_symlink(target, link);
+    writeFile(link.string(), "new");
+    CHECK(readFile(target.string()) == "new");
+    CHECK(fs::is_symlink(link));
+    CHECK(fs::status(target).permissions() == fs::perms(0640));
+
+    CHECK_THROWS_AS(writeFile((folder / std::string(300, 'n')).string(), "x"), COBIA::StringException);
+    CHECK(count() == 2);  // nothing is left of the attempt
+    writeFile("/dev/null", "taken");
+    CHECK(fs::is_character_file("/dev/null"));
+    fs::remove_all(folder);
+}
+
 TEST_CASE("A temporary file lives as long as its owner") {
     std::string path;
     {

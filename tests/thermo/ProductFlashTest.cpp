@@ -173,7 +173,7 @@ TEST_CASE("There is one version of the interfaces") {
     TestStreams streams;
     PortOwner& owner = streams;
     CHECK_THROWS_WITH(
-        makeMaterial(ThermoVersion(1), *streams.feedPort, owner, streams.feedPort->connectedObject().get()),
+        makeMaterial(CapeOpenVersion(1), *streams.feedPort, owner, streams.feedPort->connectedObject().get()),
         "Unsupported CAPE-OPEN version");
 }
 

@@ -110,6 +110,8 @@ TEST_CASE(
         head + "    print('hello')\n"
                "    unit.add_port('FEED', M, F)\n"
                "    unit.add_port('Side', M, P, optional=True)\n"
+               "    unit.add_port('Heat', unit.PortType.ENERGY, P, optional=True)\n"
+               "    unit.add_port('Level', unit.PortType.INFORMATION, F, optional=True)\n"
                "    unit.add_parameter('Heat Duty', unit.ParameterType.REAL, unit.ParameterMode.INPUT, "
                "default=1, dimension=unit.Dimension.KILOGRAM*unit.Dimension.METER**2/"
                "unit.Dimension.SECOND**3)\n"
@@ -130,7 +132,8 @@ TEST_CASE(
         editor.write(withFeed);
         CHECK(editor.configure() == std::pair<std::string, std::string>("hello\n", ""));
         CHECK_MESSAGE(editor.configure().first == "hello\n", "without a change the texts stay");
-        CHECK(editor.ports() == Texts{"FEED, material, inlet", "Side, material, outlet"});
+        CHECK(editor.ports() == Texts{"FEED, material, inlet", "Side, material, outlet",
+                                      "Heat, energy, outlet", "Level, information, inlet"});
         CHECK(editor.values(1) == Texts{"3.0"});
         // While the editor is open the host keeps what it has.
         CHECK(host.names(host.ports()).size() == 2);
@@ -141,7 +144,7 @@ TEST_CASE(
         return true;
     });
     REQUIRE(edit(host).outcome.succeeded());
-    CHECK(host.names(host.ports()) == Texts{"FEED", "Side"});
+    CHECK(host.names(host.ports()) == Texts{"FEED", "Side", "Heat", "Level"});
     CHECK(host.port("Feed") == feed);
     CHECK(contains(host.lastCalculation(), "flow 10.0"));
     CHECK(host.calculate().succeeded());

@@ -8,19 +8,21 @@ using namespace orvane::test;
 
 namespace {
 
-const char* const everything = "import warnings\n"
-                               "def Configure(unit):\n"
-                               "    t, m = unit.ParameterType, unit.ParameterMode\n"
-                               "    for mode in (m.INPUT, m.OUTPUT):\n"
-                               "        for type in (t.REAL, t.INTEGER, t.BOOLEAN, t.STRING, t.ARRAY_REAL):\n"
-                               "            unit.add_parameter('p%d' % len(names), type, mode)\n"
-                               "            names.append(0)\n"
-                               "    for d in (unit.PortDirection.FEED, unit.PortDirection.PRODUCT):\n"
-                               "        unit.add_port('M%d' % id(d), unit.PortType.MATERIAL, d)\n"
-                               "    unit.add_report('R'); unit.add_image('I', 'f')\n"
-                               "names = []\n"
-                               "def Validate(unit):\n    warnings.warn('Validate ran')\n"
-                               "def Calculate(unit):\n    warnings.warn('Calculate ran')\n";
+const char* const everything =
+    "import warnings\n"
+    "def Configure(unit):\n"
+    "    t, m = unit.ParameterType, unit.ParameterMode\n"
+    "    for mode in (m.INPUT, m.OUTPUT):\n"
+    "        for type in (t.REAL, t.INTEGER, t.BOOLEAN, t.STRING, t.ARRAY_REAL):\n"
+    "            unit.add_parameter('p%d' % len(names), type, mode)\n"
+    "            names.append(0)\n"
+    "    for d in (unit.PortDirection.FEED, unit.PortDirection.PRODUCT):\n"
+    "        for kind in 'MATERIAL', 'ENERGY', 'INFORMATION':\n"
+    "            unit.add_port(kind + str(id(d)), getattr(unit.PortType, kind), d)\n"
+    "    unit.add_report('R'); unit.add_image('I', 'f')\n"
+    "names = []\n"
+    "def Validate(unit):\n    warnings.warn('Validate ran')\n"
+    "def Calculate(unit):\n    warnings.warn('Calculate ran')\n";
 
 std::string joined(const std::vector<std::string>& lines) {
     std::string result;
@@ -47,7 +49,8 @@ TEST_CASE("A null where a slot gives or reads something answers 103, in every sl
     CHECK_MESSAGE(parameters.faults.empty(), joined(parameters.faults));
 
     CHECK(unit.interfaces == 5);
-    CHECK(ports.interfaces == 2 + 2 * 2);  // of the collection, and of two ports
+    // Of the collection; of two ports each for material, energy with its four specifications, and information with one.
+    CHECK(ports.interfaces == 2 + 2 * (2 + 3 + 4 * 3 + 3 + 3));
     // Common ones, the typed one and its specification; an array has two more.
     CHECK(parameters.interfaces == 2 + 2 * (4 * 5 + 7));
     CHECK(host.messages().empty());
