@@ -3,10 +3,10 @@
 #include "host/CompoundsCommand.h"
 #include "host/DoctorCommand.h"
 #include "host/ExitCode.h"
-#include "host/Path.h"
-#include "host/RegisterCommand.h"
 #include "host/InfoCommand.h"
 #include "host/NewCommand.h"
+#include "host/Path.h"
+#include "host/RegisterCommand.h"
 #include "host/RunCommand.h"
 
 #include <CLI/CLI.hpp>
@@ -37,10 +37,8 @@ void addCase(CLI::App& command, RunOptions& options) {
         ->type_name("NAME=VALUE")
         ->allow_extra_args(false)
         ->take_all();
-    command
-        .add_option("--load", options.load,
-                    "Start from a saved state; what the case gives comes on top of it")
-        ->type_name("FILE");
+    addFile(command, "--load", options.load,
+            "Start from a saved state; what the case gives comes on top of it");
     command.add_option("--timeout", options.timeout, "End the run after this time, with exit code 124")
         ->type_name("SECONDS")
         ->check(CLI::PositiveNumber);
@@ -85,8 +83,7 @@ int commandLine(int count, const char* const* arguments) {
         ->allow_extra_args(false)
         ->take_all();
     addImageSize(*run, imageSize);
-    run->add_option("--save", options.save, "Write the unit's state to a file when the run succeeded")
-        ->type_name("FILE");
+    addFile(*run, "--save", options.save, "Write the unit's state to a file when the run succeeded");
     run->add_option("--repeat", options.repeat, "Calculate this many times in one process")
         ->type_name("N")
         ->check(CLI::PositiveNumber);
@@ -106,13 +103,13 @@ int commandLine(int count, const char* const* arguments) {
     CLI::App* image = app.add_subcommand("image", "Calculate a case and have the unit draw one image");
     addCase(*image, options);
     image->add_option("name", drawing.name, "Name of the image; `orvane info` lists them")->required();
-    image->add_option("file", drawing.file, "PNG file to write")->type_name("FILE")->required();
+    addFile(*image, "file", drawing.file, "PNG file to write")->required();
     addImageSize(*image, imageSize);
 
     InfoOptions infoOptions;
     CLI::App* info =
         app.add_subcommand("info", "Show what a script declares: ports, parameters, reports, images");
-    info->add_option("file", infoOptions.file, "Case file or script")
+    addFile(*info, "file", infoOptions.file, "Case file or script")
         ->type_name("CASE.toml|SCRIPT.py")
         ->required();
     info->add_flag("--json", infoOptions.json, "As JSON");
@@ -121,7 +118,7 @@ int commandLine(int count, const char* const* arguments) {
     std::filesystem::path folder;
     CLI::App* fresh =
         app.add_subcommand("new", "Write a commented case to start from, which runs as it stands");
-    fresh->add_option("folder", folder, "Folder to write it to")->type_name("DIR")->required();
+    addFile(*fresh, "folder", folder, "Folder to write it to")->type_name("DIR")->required();
 
     std::string filter;
     CLI::App* compounds = app.add_subcommand("compounds", "List the compounds that a case can name");

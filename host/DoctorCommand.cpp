@@ -2,6 +2,7 @@
 
 #include "host/CaseFile.h"
 #include "host/ExitCode.h"
+#include "host/Path.h"
 #include "host/Table.h"
 #include "host/UnitSession.h"
 
@@ -30,7 +31,7 @@ Json examine(const DoctorOptions& options) {
     session.ports();  // throws when the interpreter did not start
     session.calculate();
     Json found = Json::parse(session.reportText("doctor"));
-    found["module"] = module.file().string();
+    found["module"] = textOf(module.file());
     found["libraries"] = pythonLibraries();
     return found;
 }

@@ -3,6 +3,7 @@
 #include "host/CaseReader.h"
 #include "host/ExitCode.h"
 #include "host/ParameterInfo.h"
+#include "host/Path.h"
 #include "host/Table.h"
 #include "host/TextFile.h"
 #include "host/UnitSession.h"
@@ -30,7 +31,7 @@ std::optional<std::string> scriptOf(const std::filesystem::path& file) {
         return readScript(file);
     }
     catch (const std::runtime_error& error) {
-        throw CaseError(fmt::format("{}: the script cannot be read: {}", file.string(), error.what()));
+        throw CaseError(fmt::format("{}: the script cannot be read: {}", textOf(file), error.what()));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "host/NewCommand.h"
 
 #include "host/ExitCode.h"
+#include "host/Path.h"
 #include "host/System.h"
 
 #include <fmt/format.h>
@@ -30,7 +31,7 @@ int newCommand(const std::filesystem::path& folder) {
         for (const Template& one : templates) {
             if (std::filesystem::exists(folder / one.name)) {
                 throw std::runtime_error(
-                    fmt::format("'{}' is there already; name another folder", (folder / one.name).string()));
+                    fmt::format("'{}' is there already; name another folder", textOf(folder / one.name)));
             }
         }
         std::filesystem::create_directories(folder);
@@ -40,8 +41,8 @@ int newCommand(const std::filesystem::path& folder) {
         fmt::print(stderr, "error: {}\n", error.what());
         return exitWrongUse;
     }
-    for (const Template& one : templates) fmt::print("{}\n", (folder / one.name).string());
-    fmt::print("\nCalculate it:  orvane run {}\n", (folder / "case.toml").string());
+    for (const Template& one : templates) fmt::print("{}\n", textOf(folder / one.name));
+    fmt::print("\nCalculate it:  orvane run {}\n", textOf(folder / "case.toml"));
     return exitSuccess;
 }
 

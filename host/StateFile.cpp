@@ -2,6 +2,7 @@
 
 #include "host/Base64.h"
 #include "host/CaseFile.h"
+#include "host/Path.h"
 #include "host/TextFile.h"
 
 #include <cmath>
@@ -156,7 +157,7 @@ std::string stateText(const PersistStore& state) {
 }
 
 COBIA::Ref<PersistStore> readState(std::string_view text, const std::filesystem::path& file) {
-    const auto fail = [&](const std::string& what) { throw CaseError(file.string() + ": " + what); };
+    const auto fail = [&](const std::string& what) { throw CaseError(textOf(file) + ": " + what); };
     Json root;
     try {
         root = Json::parse(text);
@@ -190,7 +191,7 @@ COBIA::Ref<PersistStore> loadStateFile(const std::filesystem::path& file) {
         text = readText(file);
     }
     catch (const std::runtime_error& error) {
-        throw CaseError(fmt::format("{}: the state file cannot be read: {}", file.string(), error.what()));
+        throw CaseError(fmt::format("{}: the state file cannot be read: {}", textOf(file), error.what()));
     }
     return readState(text, file);
 }

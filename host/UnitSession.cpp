@@ -176,7 +176,7 @@ std::string UnitSession::reportText(const std::string& name) {
 void UnitSession::drawImage(const std::string& name, const std::filesystem::path& file) {
     call<&ICapeReport::Table::GenerateReportFile>(
         query<ICapeReport>(object_), StringObject(name).in(), StringObject("image/png").in(),
-        StringObject(onlyLocale).in(), StringObject(std::filesystem::absolute(file).string()).in());
+        StringObject(onlyLocale).in(), StringObject(textOf(std::filesystem::absolute(file))).in());
 }
 
 std::optional<std::string> UnitSession::lastCalculation() {

@@ -1,6 +1,9 @@
 #include "host/System.h"
 
+#include "cobia/Text.h"
 #include "host/windows/Error.h"
+
+#include <tlhelp32.h>
 
 namespace orvane::host {
 
@@ -29,6 +32,21 @@ void* DynamicLibrary::symbol(const char* name) const {
 
 bool saysPythonIsMissing(std::string_view loaderText) {
     return loaderText.find("python314.dll") != std::string_view::npos;
+}
+
+std::vector<std::string> pythonLibraries() {
+    std::vector<std::string> found;
+    const HANDLE modules = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, 0);
+    MODULEENTRY32W module{};
+    module.dwSize = sizeof module;
+    for (BOOL more = Module32FirstW(modules, &module); more; more = Module32NextW(modules, &module)) {
+        const std::string name = COBIA::lowerCase(COBIA::toUtf8(module.szModule));
+        // Not the stable interface's, which is a door to the other.
+        if (name.starts_with("python3") && name.ends_with(".dll") && name != "python3.dll")
+            found.push_back(COBIA::toUtf8(module.szExePath));
+    }
+    CloseHandle(modules);
+    return found;
 }
 
 std::string_view pythonAdvice() {

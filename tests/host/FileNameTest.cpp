@@ -11,7 +11,8 @@ TEST_CASE("Cases, scripts and results may have any names") {
                                      "def Calculate(unit): print('\u4e2d \U0001f600')\n");
     folder.write("case \u00e4.toml",
                  "[package]\ncompounds = [\"methane\"]\n[unit]\nscript = \"Skript \u4e2d.py\"\n");
-    const std::string file = folder.utf8() + "/case \u00e4.toml", result = folder.utf8() + "/r \U0001f600.json";
+    const std::string file = folder.utf8() + "/case \u00e4.toml",
+                      result = folder.utf8() + "/r \U0001f600.json";
     const Finished run = command({"run", file, "--json", result});
     CHECK_MESSAGE(run.exitCode == 0, run.error);
     CHECK_MESSAGE(run.out.starts_with("\u4e2d \U0001f600"), run.out);

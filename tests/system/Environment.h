@@ -9,4 +9,7 @@ namespace orvane::test {
 void setVariable(const char* name, const std::string& value);
 void unsetVariable(const char* name);
 
+/// What separates the entries of a search path.
+extern const char listSeparator;
+
 }  // namespace orvane::test

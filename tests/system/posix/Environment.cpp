@@ -8,4 +8,6 @@ void setVariable(const char* name, const std::string& value) { setenv(name, valu
 
 void unsetVariable(const char* name) { unsetenv(name); }
 
+const char listSeparator = ':';
+
 }  // namespace orvane::test

@@ -19,4 +19,6 @@ void setVariable(const char* name, const std::string& value) {
 
 void unsetVariable(const char* name) { setVariable(name, ""); }
 
+const char listSeparator = ';';
+
 }  // namespace orvane::test
