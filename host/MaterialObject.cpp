@@ -169,20 +169,26 @@ void MaterialObject::twoPhaseProp(Text name, TextsView phases, Text basisText, R
                                 << label(asked.first) << "' and '" << label(asked.second)
                                 << "' was neither set nor calculated";
     }
-    values.assign(twoPhase_.values(wanted));
+    if (isPerCompound(wanted))
+        values.assign(twoPhase_.values(wanted));
+    else
+        values.resize(1)[0] = twoPhase_.value(wanted);
 }
 
 void MaterialObject::setTwoPhaseProp(Text name, TextsView phases, Text basisText, Reals values) {
     const Property given = property(name);
     basis(basisText, given);
-    if (given != Property::kvalue) {
+    if (!isTwoPhase(given)) {
         throw StringException() << "property '" << identifier(given) << "' is no two-phase property";
     }
     const PhasePair of = pair(phases);
     presentSlot(of.first);
     presentSlot(of.second);
     check(twoPhase_, given, values);
-    twoPhase_.set(given, values);
+    if (isPerCompound(given))
+        twoPhase_.set(given, values);
+    else
+        twoPhase_.set(given, values[0]);
     twoPhaseOrder_ = of;
 }
 
@@ -191,18 +197,18 @@ void MaterialObject::setTwoPhaseProp(Text name, TextsView phases, Text basisText
 void MaterialObject::calcAndGetLnPhi(Text phase, double temperature, double pressure, Reals fractions,
                                      COBIA::CapeInteger flags, RealsOut lnPhi, RealsOut byTemperature,
                                      RealsOut byPressure, RealsOut byAmount) {
-    const auto& equation = package().equation();
-    const package::Root root = package::root(phaseKind(phase));
+    const package::Model& model = package().model();
+    const PhaseKind kind = phaseKind(phase);
     const auto give = [&](int flag, auto member, RealsOut out) {
         if (flags & flag)
-            out.assign((equation.*member)(temperature, pressure, fractions, root));
+            out.assign((model.*member)(kind, temperature, pressure, fractions));
         else
             out.assign({});
     };
-    give(1, &package::PengRobinson::lnPhi, lnPhi);
-    give(2, &package::PengRobinson::lnPhiByTemperature, byTemperature);
-    give(4, &package::PengRobinson::lnPhiByPressure, byPressure);
-    give(8, &package::PengRobinson::lnPhiByAmount, byAmount);
+    give(1, &package::Model::lnPhi, lnPhi);
+    give(2, &package::Model::lnPhiByTemperature, byTemperature);
+    give(4, &package::Model::lnPhiByPressure, byPressure);
+    give(8, &package::Model::lnPhiByAmount, byAmount);
 }
 
 void MaterialObject::calcSinglePhaseProp(TextsView properties, Text phase) {
@@ -227,11 +233,14 @@ void MaterialObject::calcTwoPhaseProp(TextsView properties, TextsView phases) {
     const PhasePair of = pair(phases);
     const StateValues& first = presentSlot(of.first).values;
     const StateValues& second = presentSlot(of.second).values;
+    wanted_.clear();
     for (std::size_t i = 0; i < properties.size(); ++i) {
-        if (!matches(properties[i], identifier(Property::kvalue))) {
-            throw StringException() << "two-phase property '" << toUtf8(properties[i])
-                                    << "' cannot be calculated; 'kvalue' can";
+        const Property wanted = property(properties[i]);
+        if (!isTwoPhase(wanted)) {
+            throw StringException() << "property '" << identifier(wanted)
+                                    << "' is none of two phases; 'kvalue', 'logKvalue' and 'surfaceTension' are";
         }
+        wanted_.push_back(wanted);
     }
     if (properties.size() == 0) return;
     for (const Property needed : {Property::temperature, Property::pressure, Property::fraction}) {
@@ -239,9 +248,7 @@ void MaterialObject::calcTwoPhaseProp(TextsView properties, TextsView phases) {
         require(second, needed);
     }
     twoPhase_.forgetAll();
-    std::vector<double> kvalues(package().size());
-    calculateKvalues(package(), of.first, first, of.second, second, kvalues);
-    twoPhase_.set(Property::kvalue, kvalues);
+    calculateTwoPhase(package(), {of.first, first, of.second, second}, wanted_, twoPhase_);
     twoPhaseOrder_ = of;
 }
 
@@ -253,7 +260,8 @@ bool MaterialObject::checkSinglePhasePropSpec(Text name, Text phase) const {
 
 bool MaterialObject::checkTwoPhasePropSpec(Text name, TextsView phases) const {
     pair(phases);
-    return matches(name, identifier(Property::kvalue));
+    const auto found = findProperty(name);
+    return found && isTwoPhase(*found);
 }
 
 std::vector<std::string> MaterialObject::singlePhasePropList() const {
@@ -263,7 +271,9 @@ std::vector<std::string> MaterialObject::singlePhasePropList() const {
 }
 
 std::vector<std::string> MaterialObject::twoPhasePropList() const {
-    return {std::string(identifier(Property::kvalue))};
+    std::vector<std::string> names;
+    for (const Property calculated : twoPhaseProperties()) names.emplace_back(identifier(calculated));
+    return names;
 }
 
 // ICapeThermoEquilibriumRoutine
@@ -276,14 +286,20 @@ Condition MaterialObject::condition(TextsView specification) const {
     return {kind, from.value(of)};
 }
 
-void MaterialObject::calcEquilibrium(TextsView specification1, TextsView specification2, Text solutionType) {
-    if (!isSolutionType(solutionType)) {
-        throw StringException() << "solution type '" << toUtf8(solutionType)
-                                << "' is not supported; 'unspecified' and 'normal' are";
+void MaterialObject::calcEquilibrium(TextsView specification1, TextsView specification2, Text solutionText) {
+    const auto wanted = solutionType(solutionText);
+    if (!wanted) {
+        throw StringException() << "unknown solution type '" << toUtf8(solutionText)
+                                << "'; 'unspecified', 'normal' and 'retrograde' are known";
     }
     const Condition first = condition(specification1);
     const Condition second = condition(specification2);
     PropertyPackage::requireSupport(first.kind, second.kind);
+    if (*wanted == package::Solution::retrograde && !hasSolutionTypes(first.kind, second.kind)) {
+        throw StringException() << "solution type 'retrograde' is of flashes with a vapour fraction, not of "
+                                << std::string(conditionName(first.kind)) << " and "
+                                << std::string(conditionName(second.kind));
+    }
     require(overall_, Property::fraction);
     for (const PhaseKind kind : phaseKinds) {
         if (!slot(kind).present) {
@@ -292,16 +308,18 @@ void MaterialObject::calcEquilibrium(TextsView specification1, TextsView specifi
                                     << "; declare all of them with SetPresentPhases";
         }
     }
-    flash(first, second);
+    flash(first, second, *wanted);
 }
 
 bool MaterialObject::checkEquilibriumSpec(TextsView specification1, TextsView specification2,
-                                          Text solutionType) const {
-    return PropertyPackage::supports(conditionKind(specification1), conditionKind(specification2)) &&
-           isSolutionType(solutionType);
+                                          Text solutionText) const {
+    const ConditionKind first = conditionKind(specification1), second = conditionKind(specification2);
+    const auto wanted = solutionType(solutionText);
+    return PropertyPackage::supports(first, second) && wanted &&
+           (*wanted == package::Solution::normal || hasSolutionTypes(first, second));
 }
 
-void MaterialObject::flash(Condition first, Condition second) {
+void MaterialObject::flash(Condition first, Condition second, package::Solution solution) {
     for (PhaseSlot& phase : phases_) {
         phase.values.forgetAll();
         phase.present = false;
@@ -309,7 +327,7 @@ void MaterialObject::flash(Condition first, Condition second) {
     twoPhase_.forgetAll();
     warnings_.clear();
 
-    auto found = package().equilibrium(first, second, overall_.values(Property::fraction));
+    auto found = package().equilibrium(first, second, overall_.values(Property::fraction), solution);
 
     warnings_ = std::move(found.warnings);
     overall_.forgetCalculated();

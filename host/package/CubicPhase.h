@@ -44,9 +44,11 @@ public:
     double reducedVolume() const { return volume / b; }
 
     Departure departure() const;
-    /// Departure of Cp and Cv [J/mol/K] from the ideal gas; derivative of pressure by volume [Pa mol/m3].
+    /// Departure of Cp and Cv [J/mol/K] from the ideal gas; derivative of pressure by volume [Pa mol/m3] at
+    /// constant temperature.
     void heatCapacityDepartures(double& cp, double& cv) const;
     double pressureByVolume() const;
+    double pressureByTemperature() const;  ///< at constant volume [Pa/K]
 
     void lnPhiByTemperature(double* out) const;  ///< 1/K
     void lnPhiByPressure(double* out) const;     ///< 1/Pa

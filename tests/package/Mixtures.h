@@ -3,7 +3,7 @@
 #pragma once
 
 #include "package/CompoundTable.h"
-#include "package/Flash.h"
+#include "package/PengRobinsonModel.h"
 #include "package/PengRobinson.h"
 
 #include <cmath>
