@@ -101,13 +101,18 @@ BENCHMARK_CAPTURE(temperaturePressure, ten compounds gas, naturalGas, 400.0, 3e6
 BENCHMARK_CAPTURE(temperaturePressure, ten compounds liquid, naturalGas, 120.0, 3e6, 1);
 BENCHMARK_CAPTURE(temperaturePressure, three compounds two phases, lightEnds, 250.0, 2e6, 2);
 BENCHMARK_CAPTURE(temperaturePressure, three compounds gas, lightEnds, 350.0, 2e6, 1);
-BENCHMARK_CAPTURE(atPressure, enthalpy ten compounds two phases, naturalGas, Quantity::enthalpy, 250.0, 3e6, 2);
+BENCHMARK_CAPTURE(atPressure, enthalpy ten compounds two phases, naturalGas, Quantity::enthalpy, 250.0, 3e6,
+                  2);
 BENCHMARK_CAPTURE(atPressure, enthalpy ten compounds gas, naturalGas, Quantity::enthalpy, 400.0, 3e6, 1);
-BENCHMARK_CAPTURE(atPressure, enthalpy three compounds two phases, lightEnds, Quantity::enthalpy, 250.0, 2e6, 2);
+BENCHMARK_CAPTURE(atPressure, enthalpy three compounds two phases, lightEnds, Quantity::enthalpy, 250.0, 2e6,
+                  2);
 BENCHMARK_CAPTURE(atPressure, entropy ten compounds two phases, naturalGas, Quantity::entropy, 250.0, 3e6, 2);
-BENCHMARK_CAPTURE(atPressure, vapour fraction ten compounds, naturalGas, Quantity::vaporFraction, 250.0, 3e6, 2);
-BENCHMARK_CAPTURE(atTemperature, vapour fraction ten compounds, naturalGas, Quantity::vaporFraction, 250.0, 3e6, 2);
-BENCHMARK_CAPTURE(atPressure, vapour fraction three compounds, lightEnds, Quantity::vaporFraction, 250.0, 2e6, 2);
+BENCHMARK_CAPTURE(atPressure, vapour fraction ten compounds, naturalGas, Quantity::vaporFraction, 250.0, 3e6,
+                  2);
+BENCHMARK_CAPTURE(atTemperature, vapour fraction ten compounds, naturalGas, Quantity::vaporFraction, 250.0,
+                  3e6, 2);
+BENCHMARK_CAPTURE(atPressure, vapour fraction three compounds, lightEnds, Quantity::vaporFraction, 250.0, 2e6,
+                  2);
 BENCHMARK_CAPTURE(dewPoint, ten compounds, naturalGas, 3e6);
 
 }  // namespace

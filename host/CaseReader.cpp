@@ -168,17 +168,18 @@ private:
     void readStream(const std::string& port, int line, const toml::table& in) {
         CaseStream stream{port, line, std::nullopt};
         const std::string where = fmt::format("streams.{}", port);
-        checkKeys(in, where, {"temperature", "pressure", "vapor_fraction", "enthalpy",
-                              "entropy", "volume", "flow_rate", "composition"});
+        checkKeys(in, where,
+                  {"temperature", "pressure", "vapor_fraction", "enthalpy", "entropy", "volume", "flow_rate",
+                   "composition"});
         if (!in.empty()) stream.state = readState(where, line, in);
         case_.streams.push_back(std::move(stream));
     }
 
     CaseState readState(const std::string& where, int line, const toml::table& in) const {
         std::vector<Condition> conditions;
-        for (const ConditionKind kind : {ConditionKind::temperature, ConditionKind::pressure,
-                                         ConditionKind::vaporFraction, ConditionKind::enthalpy,
-                                         ConditionKind::entropy, ConditionKind::volume}) {
+        for (const ConditionKind kind :
+             {ConditionKind::temperature, ConditionKind::pressure, ConditionKind::vaporFraction,
+              ConditionKind::enthalpy, ConditionKind::entropy, ConditionKind::volume}) {
             const auto* node = in.get(conditionName(kind));
             if (!node) continue;
             const double value = number(*node, conditionName(kind));
@@ -196,17 +197,18 @@ private:
             conditions.push_back({kind, value});
         }
         if (conditions.size() != 2) {
-            fail(line, fmt::format(
-                           "[{}] has {} of the conditions temperature [K], pressure [Pa], vapor_fraction "
-                           "[mol/mol], enthalpy [J/mol], entropy [J/mol/K], volume [m3/mol]; a stream takes two "
-                           "of them",
-                           where, conditions.size()));
+            fail(line,
+                 fmt::format(
+                     "[{}] has {} of the conditions temperature [K], pressure [Pa], vapor_fraction "
+                     "[mol/mol], enthalpy [J/mol], entropy [J/mol/K], volume [m3/mol]; a stream takes two "
+                     "of them",
+                     where, conditions.size()));
         }
         if (!PropertyPackage::supports(conditions[0].kind, conditions[1].kind)) {
-            fail(line,
-                 fmt::format("[{}]: {} and {} together are not supported; temperature or pressure with one of "
-                             "the others is",
-                             where, conditionName(conditions[0].kind), conditionName(conditions[1].kind)));
+            fail(line, fmt::format(
+                           "[{}]: {} and {} together are not supported; temperature or pressure with one of "
+                           "the others is",
+                           where, conditionName(conditions[0].kind), conditionName(conditions[1].kind)));
         }
         const auto* flow = in.get("flow_rate");
         if (!flow) fail(line, fmt::format("[{}] has no 'flow_rate' [mol/s]", where));

@@ -44,7 +44,7 @@ struct TemperatureProperty {
     double (*of)(const PropertyPackage&, std::size_t compound, double temperature);
 };
 
-template <double IdealGas::* member>
+template <double IdealGas::*member>
 double idealGas(const PropertyPackage& package, std::size_t compound, double temperature) {
     return IdealGas(package.compounds()[compound].heatCapacity, temperature).*member;
 }
@@ -122,7 +122,8 @@ std::optional<double> temperatureProperty(const PropertyPackage& package, std::s
         throw COBIA::StringException()
             << "temperature " << temperature << " K for '" << row.identifier << "' is not a positive number";
     }
-    if (row.endsAtCriticalPoint && temperature >= package.compounds()[compound].criticalTemperature) return {};
+    if (row.endsAtCriticalPoint && temperature >= package.compounds()[compound].criticalTemperature)
+        return {};
     return row.of(package, compound, temperature);
 }
 

@@ -74,7 +74,8 @@ std::vector<double> activityCoefficients(const PropertyPackage& package, package
     std::vector<double> pure(result.size());
     for (std::size_t i = 0; i < result.size(); ++i) {
         pure[i] = 1;
-        result[i] = std::exp(result[i] - package.model().lnPhi(kind, of.temperature(), of.pressure(), pure)[i]);
+        result[i] =
+            std::exp(result[i] - package.model().lnPhi(kind, of.temperature(), of.pressure(), pure)[i]);
         pure[i] = 0;
     }
     return result;
@@ -110,15 +111,17 @@ bool isTwoPhase(Property property) { return contains(calculatedOfTwo, property);
 
 void calculate(const PropertyPackage& package, package::PhaseKind kind, std::span<const Property> properties,
                StateValues& phase) {
-    const auto of = package.model().properties(kind, phase.value(Property::temperature),
-                                               phase.value(Property::pressure), phase.values(Property::fraction));
+    const auto of =
+        package.model().properties(kind, phase.value(Property::temperature), phase.value(Property::pressure),
+                                   phase.values(Property::fraction));
     std::array<double, scalarCount> scalars;
     std::vector<std::pair<Property, std::vector<double>>> vectors;
     for (const Property property : properties) {
         if (isPerCompound(property))
             vectors.emplace_back(property, perCompound(package, kind, of, property));
         else
-            scalars[static_cast<std::size_t>(property)] = scalar(package, kind, of, property, of.composition());
+            scalars[static_cast<std::size_t>(property)] =
+                scalar(package, kind, of, property, of.composition());
     }
     for (const Property property : properties) {
         if (!isPerCompound(property)) phase.set(property, scalars[static_cast<std::size_t>(property)]);
@@ -140,7 +143,8 @@ void calculateTwoPhase(const PropertyPackage& package, const TwoPhases& phases,
     }
     for (const Property property : properties) {
         if (property == Property::surfaceTension) {
-            const auto& liquid = phases.first == package::PhaseKind::liquid ? phases.firstValues : phases.secondValues;
+            const auto& liquid =
+                phases.first == package::PhaseKind::liquid ? phases.firstValues : phases.secondValues;
             into.set(property, package::surfaceTension(package.compounds(), liquid.values(Property::fraction),
                                                        liquid.value(Property::temperature)));
             continue;

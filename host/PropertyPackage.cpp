@@ -65,10 +65,10 @@ bool PropertyPackage::supports(ConditionKind first, ConditionKind second) {
 
 void PropertyPackage::requireSupport(ConditionKind first, ConditionKind second) {
     if (supports(first, second)) return;
-    throw package::PackageError(
-        fmt::format("the property package has no flash for {} and {}; it has flashes for temperature and pressure, "
-                    "and for either of them with vapor_fraction, enthalpy, enthalpyF, entropy, entropyF or volume",
-                    conditionName(first), conditionName(second)));
+    throw package::PackageError(fmt::format(
+        "the property package has no flash for {} and {}; it has flashes for temperature and pressure, "
+        "and for either of them with vapor_fraction, enthalpy, enthalpyF, entropy, entropyF or volume",
+        conditionName(first), conditionName(second)));
 }
 
 package::Equilibrium PropertyPackage::equilibrium(Condition first, Condition second,

@@ -99,9 +99,7 @@ double CaloricFlash::onePhaseTemperature() {
                 throw PackageError(fmt::format(
                     "no temperature between {} K and {} K gives the {} {} at P = {} Pa: at {} K "
                     "it differs by {}",
-                    lowestTemperature, highestTemperature,
-                    describe(quantity_),
-                    target_, pressure_, T, f));
+                    lowestTemperature, highestTemperature, describe(quantity_), target_, pressure_, T, f));
             return T;
         }
         T = next;
@@ -119,11 +117,10 @@ void CaloricFlash::pureCompound() {
     const double above = difference(pair_.vapor), below = difference(pair_.liquid);
     const double imbalance = pair_.vapor.lnPhi[0] - pair_.liquid.lnPhi[0];
     if (!(below < 0 && above > 0 && std::abs(imbalance) < 1e-9))
-        throw PackageError(
-            fmt::format("no phases of the pure compound at P = {} Pa have the {} {}: at T = {} K the "
-                        "liquid differs by {}, the vapour by {}, the logarithms of their fugacities by {}",
-                        pressure_, describe(quantity_), target_,
-                        isotherm_->temperature, below, above, imbalance));
+        throw PackageError(fmt::format(
+            "no phases of the pure compound at P = {} Pa have the {} {}: at T = {} K the "
+            "liquid differs by {}, the vapour by {}, the logarithms of their fugacities by {}",
+            pressure_, describe(quantity_), target_, isotherm_->temperature, below, above, imbalance));
     pair_.vaporAmount = pair_.amounts.vapor[0] = -below / (above - below);
     pair_.liquidAmount = pair_.amounts.liquid[0] = above / (above - below);
     pair_.vaporComposition[0] = pair_.liquidComposition[0] = 1;

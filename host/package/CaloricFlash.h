@@ -18,8 +18,7 @@ namespace orvane::package {
 class CaloricFlash {
 public:
     /// mixture and feed live longer than this. target: an enthalpy or an entropy.
-    CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed,
-                 Target target);
+    CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed, Target target);
 
     /// Throws PackageError when no temperature between 1 K and 20000 K gives the target, or the solver does
     /// not converge: with the temperatures and values nearest to it.

@@ -11,8 +11,8 @@ namespace {
 
 void requirePositive(const Compound& compound, double value, const char* constant) {
     if (!(value > 0) || !std::isfinite(value))
-        throw PackageError(fmt::format("the package needs the {} of {}, and {} is none", constant,
-                                       compound.id, value));
+        throw PackageError(
+            fmt::format("the package needs the {} of {}, and {} is none", constant, compound.id, value));
 }
 
 }  // namespace

@@ -5,9 +5,15 @@
 #include "package/MixtureParameters.h"
 #include "package/PengRobinson.h"
 
+#include <cmath>
 #include <cstddef>
+#include <numbers>
 
 namespace orvane::package {
+
+/// v / b of a pure compound at its critical point, 3.951, from the criticality conditions of the equation.
+inline const double criticalReducedVolume =
+    1 + std::cbrt(4 - 2 * std::numbers::sqrt2) + std::cbrt(4 + 2 * std::numbers::sqrt2);
 
 /// The parameters of a mixture at one temperature, shared by all phases at it.
 struct Isotherm {

@@ -25,8 +25,10 @@ struct OneFluid {
                 const auto &a = compounds[i], &b = compounds[j];
                 const double xx = x[i] * x[j];
                 const double sigma = std::sqrt(diameter(a) * diameter(b)), cubed = sigma * sigma * sigma;
-                const double pairEnergy = std::sqrt(a.criticalTemperature * b.criticalTemperature) / energyPerTc;
-                const double pairMass = 2 * a.molecularWeight * b.molecularWeight / (a.molecularWeight + b.molecularWeight);
+                const double pairEnergy =
+                    std::sqrt(a.criticalTemperature * b.criticalTemperature) / energyPerTc;
+                const double pairMass =
+                    2 * a.molecularWeight * b.molecularWeight / (a.molecularWeight + b.molecularWeight);
                 sigmaCubed += xx * cubed;
                 energy += xx * pairEnergy * cubed;
                 mass += xx * pairEnergy * sigma * sigma * std::sqrt(pairMass);
@@ -49,8 +51,8 @@ private:
 
     static double diameter(const Compound& compound) {
         if (!(compound.criticalVolume > 0))
-            throw PackageError(fmt::format("viscosity and thermal conductivity need the critical volume of {}",
-                                           compound.id));
+            throw PackageError(fmt::format(
+                "viscosity and thermal conductivity need the critical volume of {}", compound.id));
         return diameterPerVolume * std::cbrt(compound.criticalVolume * 1e6);
     }
 };
@@ -66,17 +68,17 @@ struct Row {
 };
 
 constexpr Row viscosityRows[] = {
-    {6.324, 50.412, -51.680, 1189.0},         {1.210e-3, -1.154e-3, -6.257e-3, 0.03728},
-    {5.283, 254.209, -168.48, 3898.0},        {6.623, 38.096, -8.464, 31.42},
-    {19.745, 7.630, -14.354, 31.53},          {-1.900, -12.537, 4.985, -18.15},
-    {24.275, 3.450, -11.291, 69.35},          {0.7972, 1.117, 0.01235, -4.117},
-    {-0.2382, 0.06770, -0.8163, 4.025},       {0.06863, 0.3479, 0.5926, -0.727},
+    {6.324, 50.412, -51.680, 1189.0},   {1.210e-3, -1.154e-3, -6.257e-3, 0.03728},
+    {5.283, 254.209, -168.48, 3898.0},  {6.623, 38.096, -8.464, 31.42},
+    {19.745, 7.630, -14.354, 31.53},    {-1.900, -12.537, 4.985, -18.15},
+    {24.275, 3.450, -11.291, 69.35},    {0.7972, 1.117, 0.01235, -4.117},
+    {-0.2382, 0.06770, -0.8163, 4.025}, {0.06863, 0.3479, 0.5926, -0.727},
 };
 
 constexpr Row conductivityRows[] = {
-    {2.4166, 0.74824, -0.91858, 121.72},   {-0.50924, -1.5094, -49.991, 69.983},
-    {6.6107, 5.6207, 64.760, 27.039},      {14.543, -8.9139, -5.6379, 74.344},
-    {0.79274, 0.82019, -0.69369, 6.3173},  {-5.8634, 12.801, 9.5893, 65.529},
+    {2.4166, 0.74824, -0.91858, 121.72},  {-0.50924, -1.5094, -49.991, 69.983},
+    {6.6107, 5.6207, 64.760, 27.039},     {14.543, -8.9139, -5.6379, 74.344},
+    {0.79274, 0.82019, -0.69369, 6.3173}, {-5.8634, 12.801, 9.5893, 65.529},
     {91.089, 128.11, -54.217, 523.81},
 };
 
@@ -89,19 +91,21 @@ double dense(const double* E, double y, double G1) {
 // Collision integral of the Lennard-Jones potential.
 // Source: P. D. Neufeld, A. R. Janzen, R. A. Aziz, J. Chem. Phys. 57 (1972) 1100.
 double collisionIntegral(double t) {
-    return 1.16145 * std::pow(t, -0.14874) + 0.52487 * std::exp(-0.77320 * t) + 2.16178 * std::exp(-2.43787 * t);
+    return 1.16145 * std::pow(t, -0.14874) + 0.52487 * std::exp(-0.77320 * t) +
+           2.16178 * std::exp(-2.43787 * t);
 }
 
 }  // namespace
 
-DenseFluid::DenseFluid(std::span<const Compound> compounds, std::span<const double> x, double T, double density,
-                     double idealHeatCapacity) {
+DenseFluid::DenseFluid(std::span<const Compound> compounds, std::span<const double> x, double T,
+                       double density, double idealHeatCapacity) {
     const OneFluid fluid(compounds, x);
     const double Tc = fluid.criticalTemperature, Vc = fluid.criticalVolume, M = fluid.molarMass;
     const double y = density * 1e-6 * Vc / 6;
     const double G1 = (1 - 0.5 * y) / std::pow(1 - y, 3);
     const double reduced = T / fluid.energy;
-    const double shape = 1 - 0.2756 * fluid.omega + 0.059035 * fluid.reducedDipoleToFourth + fluid.association;
+    const double shape =
+        1 - 0.2756 * fluid.omega + 0.059035 * fluid.reducedDipoleToFourth + fluid.association;
     const double thin = std::sqrt(reduced) / collisionIntegral(reduced) * shape;
 
     double E[10];

@@ -15,11 +15,11 @@ class DenseFluid {
 public:
     /// x: mole fractions; density: mol/m3; idealHeatCapacity: Cv of the ideal gas [J/mol/K]. Throws PackageError
     /// where a compound lacks its critical volume or the correlation gives no positive number.
-    DenseFluid(std::span<const Compound> compounds, std::span<const double> x, double temperature, double density,
-              double idealHeatCapacity);
+    DenseFluid(std::span<const Compound> compounds, std::span<const double> x, double temperature,
+               double density, double idealHeatCapacity);
 
-    double viscosity() const { return viscosity_; }                        ///< Pa s
-    double thermalConductivity() const { return thermalConductivity_; }    ///< W/m/K
+    double viscosity() const { return viscosity_; }                      ///< Pa s
+    double thermalConductivity() const { return thermalConductivity_; }  ///< W/m/K
 
 private:
     double viscosity_ = 0;

@@ -30,10 +30,10 @@ IdealModel::IdealModel(std::vector<Compound> compounds) : compounds_(std::move(c
     checkCompounds(compounds_);
     for (const auto& compound : compounds_) {
         if (!(compound.criticalVolume > 0) || !(compound.normalBoilingPoint > 0))
-            throw PackageError(fmt::format("the ideal liquid needs the critical volume and the normal boiling "
-                                           "point of {}, and {} and {} are none",
-                                           compound.id, compound.criticalVolume,
-                                           compound.normalBoilingPoint));
+            throw PackageError(
+                fmt::format("the ideal liquid needs the critical volume and the normal boiling "
+                            "point of {}, and {} and {} are none",
+                            compound.id, compound.criticalVolume, compound.normalBoilingPoint));
         liquidVolume_.push_back(saturatedLiquidVolume(compound, compound.normalBoilingPoint));
     }
 }
@@ -63,11 +63,13 @@ PhaseProperties IdealModel::properties(PhaseKind kind, double T, double P, std::
         const auto saturated = vaporPressure(compound, T);
         const double v = liquidVolume_[i], Ps = std::exp(saturated.ln);
         const double slope = Ps * saturated.byTemperature;
-        const double bend = Ps * (saturated.byTemperatureTwice + saturated.byTemperature * saturated.byTemperature);
+        const double bend =
+            Ps * (saturated.byTemperatureTwice + saturated.byTemperature * saturated.byTemperature);
         of.enthalpy += x[i] * (v * (P - Ps + T * slope) - R * T * T * saturated.byTemperature);
-        of.entropy += x[i] * (v * slope - R * (saturated.ln - std::log(referencePressure) +
-                                               T * saturated.byTemperature));
-        of.heatCapacityCp += x[i] * T * (v * bend - R * (2 * saturated.byTemperature + T * saturated.byTemperatureTwice));
+        of.entropy += x[i] * (v * slope -
+                              R * (saturated.ln - std::log(referencePressure) + T * saturated.byTemperature));
+        of.heatCapacityCp +=
+            x[i] * T * (v * bend - R * (2 * saturated.byTemperature + T * saturated.byTemperatureTwice));
         of.volume += x[i] * v;
     }
     of.heatCapacityCp += of.idealHeatCapacityCp;
@@ -119,7 +121,8 @@ std::vector<double> IdealModel::lnPhiByPressure(PhaseKind kind, double T, double
     return result;
 }
 
-std::vector<double> IdealModel::lnPhiByAmount(PhaseKind, double T, double P, std::span<const double> x) const {
+std::vector<double> IdealModel::lnPhiByAmount(PhaseKind, double T, double P,
+                                              std::span<const double> x) const {
     check(T, P, x);
     return std::vector<double>(size() * size());
 }
@@ -148,8 +151,7 @@ Equilibrium IdealModel::phasesAt(double T, double P, std::span<const double> fee
     }
     // One phase, then: a liquid where no bubble would form, sum z K <= 1.
     double bubbles = 0;
-    for (std::size_t i = 0; i < size(); ++i)
-        bubbles += feed[i] * std::exp(std::min(lnK[i], 600.0));
+    for (std::size_t i = 0; i < size(); ++i) bubbles += feed[i] * std::exp(std::min(lnK[i], 600.0));
     const auto kind = bubbles <= 1 ? PhaseKind::liquid : PhaseKind::vapor;
     result.phases = {{kind, 1, {feed.begin(), feed.end()}}};
     result.vaporFraction = kind == PhaseKind::vapor ? 1 : 0;
@@ -206,10 +208,9 @@ Equilibrium IdealModel::atVaporFraction(Variable given, double value, double bet
         (here < 0 ? atLow : atHigh) = here;
         if (low > 0 && high > 0) break;
         if ((at == least && here > 0) || (at == most && here < 0))
-            throw PackageError(fmt::format(
-                "no {} between {} and {} gives the vapour fraction {} at {} = {}",
-                findTemperature ? "temperature [K]" : "pressure [Pa]", least, most, beta,
-                findTemperature ? "P [Pa]" : "T [K]", value));
+            throw PackageError(fmt::format("no {} between {} and {} gives the vapour fraction {} at {} = {}",
+                                           findTemperature ? "temperature [K]" : "pressure [Pa]", least, most,
+                                           beta, findTemperature ? "P [Pa]" : "T [K]", value));
         at = std::clamp(here < 0 ? at * factor : at / factor, least, most);
     }
     if (low < high) {

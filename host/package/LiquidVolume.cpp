@@ -12,7 +12,8 @@ double saturatedLiquidVolume(const Compound& compound, double temperature) {
     return compound.criticalVolume * std::pow(Z, std::pow(1 - t, 2.0 / 7));
 }
 
-double liquidMixtureVolume(std::span<const Compound> compounds, std::span<const double> x, double temperature) {
+double liquidMixtureVolume(std::span<const Compound> compounds, std::span<const double> x,
+                           double temperature) {
     double sum = 0;
     for (std::size_t i = 0; i < x.size(); ++i)
         sum += x[i] * saturatedLiquidVolume(compounds[i],

@@ -16,6 +16,7 @@ double saturatedLiquidVolume(const Compound& compound, double temperature);
 /// Molar volume [m3/mol] of a liquid mixture for correlations that are sensitive to it, more so than an equation of
 /// state is exact: the mean of the compounds' volumes over the mole fractions x. From nine tenths of its critical
 /// temperature on a compound keeps its volume there, near to what a dissolved gas takes up.
-double liquidMixtureVolume(std::span<const Compound> compounds, std::span<const double> x, double temperature);
+double liquidMixtureVolume(std::span<const Compound> compounds, std::span<const double> x,
+                           double temperature);
 
 }  // namespace orvane::package

@@ -17,8 +17,8 @@ double sum(const Model& model, const Equilibrium& equilibrium, double (PhaseProp
     double total = 0;
     for (const auto& phase : equilibrium.phases) {
         if (phase.fraction == 0) continue;
-        const auto properties = model.properties(phase.kind, equilibrium.temperature, equilibrium.pressure,
-                                                 phase.composition);
+        const auto properties =
+            model.properties(phase.kind, equilibrium.temperature, equilibrium.pressure, phase.composition);
         total += phase.fraction * (properties.*property)();
     }
     return total;

@@ -52,8 +52,7 @@ public:
     // Equilibrium of one mole of feed.
 
     /// As temperaturePressure(), but two liquids are no error: Equilibrium::refusal tells of them.
-    virtual Equilibrium phasesAt(double temperature, double pressure,
-                                 std::span<const double> feed) const = 0;
+    virtual Equilibrium phasesAt(double temperature, double pressure, std::span<const double> feed) const = 0;
 
     /// Temperature [K] and pressure [Pa]. A pure compound gives one phase. Throws LiquidLiquidSplit for two
     /// liquids.

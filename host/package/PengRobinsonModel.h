@@ -49,7 +49,8 @@ public:
 
 private:
     Equilibrium caloric(double pressure, Target target, std::span<const double> feed) const;
-    Equilibrium atVaporFraction(Variable given, double value, Target target, std::span<const double> feed) const;
+    Equilibrium atVaporFraction(Variable given, double value, Target target,
+                                std::span<const double> feed) const;
 
     PengRobinson equation_;
 };

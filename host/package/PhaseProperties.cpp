@@ -56,8 +56,8 @@ double PhaseProperties::speedOfSound() const {
             "no speed of sound at T = {} K, P = {} Pa: the model takes the phase to be incompressible",
             of_.temperature, of_.pressure));
     const double molarMass = of_.molecularWeight * 1e-3;  // kg/mol
-    const double square = -of_.volume * of_.volume / of_.volumeByPressure * of_.heatCapacityCp /
-                          of_.heatCapacityCv / molarMass;
+    const double square =
+        -of_.volume * of_.volume / of_.volumeByPressure * of_.heatCapacityCp / of_.heatCapacityCv / molarMass;
     if (!(square > 0 && of_.heatCapacityCv > 0) || !std::isfinite(square))
         throw PackageError(
             fmt::format("no speed of sound at T = {} K, P = {} Pa: its square would be {} m2/s2, with "

@@ -42,15 +42,15 @@ public:
     double pressure() const { return of_.pressure; }                ///< Pa
     double molecularWeight() const { return of_.molecularWeight; }  ///< g/mol, mean
     double compressibilityFactor() const;
-    double volume() const { return of_.volume; }                                            ///< m3/mol
-    double density() const { return 1 / of_.volume; }                                       ///< mol/m3
-    double enthalpy() const { return of_.enthalpy; }                                        ///< J/mol
-    double entropy() const { return of_.entropy; }                                          ///< J/mol/K
-    double gibbsEnergy() const { return enthalpy() - temperature() * entropy(); }           ///< J/mol
-    double internalEnergy() const { return enthalpy() - pressure() * volume(); }            ///< J/mol
+    double volume() const { return of_.volume; }                                             ///< m3/mol
+    double density() const { return 1 / of_.volume; }                                        ///< mol/m3
+    double enthalpy() const { return of_.enthalpy; }                                         ///< J/mol
+    double entropy() const { return of_.entropy; }                                           ///< J/mol/K
+    double gibbsEnergy() const { return enthalpy() - temperature() * entropy(); }            ///< J/mol
+    double internalEnergy() const { return enthalpy() - pressure() * volume(); }             ///< J/mol
     double helmholtzEnergy() const { return internalEnergy() - temperature() * entropy(); }  ///< J/mol
-    double heatCapacityCp() const { return of_.heatCapacityCp; }                            ///< J/mol/K
-    double heatCapacityCv() const { return of_.heatCapacityCv; }                            ///< J/mol/K
+    double heatCapacityCp() const { return of_.heatCapacityCp; }                             ///< J/mol/K
+    double heatCapacityCv() const { return of_.heatCapacityCv; }                             ///< J/mol/K
     double idealHeatCapacityCp() const { return of_.idealHeatCapacityCp; }  ///< of the ideal gas, J/mol/K
     double volumeByTemperature() const { return of_.volumeByTemperature; }  ///< m3/mol/K
     double volumeByPressure() const { return of_.volumeByPressure; }        ///< m3/mol/Pa

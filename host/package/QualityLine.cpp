@@ -10,9 +10,9 @@
 namespace orvane::package {
 namespace {
 
-constexpr double finest = 1e-13;    // largest residual
-constexpr double accepted = 1e-9;   // when rounding keeps it from becoming smaller
-constexpr double onePhase = 1e-7;   // largest ln K of phases that are held to be one
+constexpr double finest = 1e-13;   // largest residual
+constexpr double accepted = 1e-9;  // when rounding keeps it from becoming smaller
+constexpr double onePhase = 1e-7;  // largest ln K of phases that are held to be one
 constexpr double longestLnK = 3, longestLnT = 0.1, longestLnP = 1;  // of one step
 constexpr int substitutions = 6;
 
@@ -134,8 +134,10 @@ void QualityLine::derivatives(Matrix& out) const {
     const double T = temperature(), P = pressure();
     for (std::size_t j = 0; j < n_; ++j) {
         const auto column = static_cast<Eigen::Index>(j);
-        const double both = x_[j] * y_[j] / feed_[j];  // d x_j = -beta both d ln K_j, d y_j = (1 - beta) both d ln K_j
-        const double perVapor = (1 - vaporFraction_) * both / sumY_, perLiquid = vaporFraction_ * both / sumX_;
+        const double both =
+            x_[j] * y_[j] / feed_[j];  // d x_j = -beta both d ln K_j, d y_j = (1 - beta) both d ln K_j
+        const double perVapor = (1 - vaporFraction_) * both / sumY_,
+                     perLiquid = vaporFraction_ * both / sumX_;
         for (std::size_t i = 0; i < n_; ++i)
             out(static_cast<Eigen::Index>(i), column) =
                 inVapor[j * n_ + i] * perVapor + inLiquid[j * n_ + i] * perLiquid;
@@ -177,7 +179,8 @@ bool QualityLine::correct(std::size_t kept, bool byName, int maxSteps) {
             return false;
         const Isotherm isotherm(mixture_, temperature());
         compose();
-        solvePhases(isotherm, byName ? Root::vaporLike : Root::stable, byName ? Root::liquidLike : Root::stable);
+        solvePhases(isotherm, byName ? Root::vaporLike : Root::stable,
+                    byName ? Root::liquidLike : Root::stable);
         const double error = residuals(residual);
         if (!std::isfinite(error) || largestLnK() < onePhase) return false;
         derivatives(matrix_);
@@ -188,7 +191,8 @@ bool QualityLine::correct(std::size_t kept, bool byName, int maxSteps) {
         double length = 1;
         for (std::size_t i = 0; i < n_ + 2; ++i) {
             const double longest = i < n_ ? longestLnK : i == n_ ? longestLnT : longestLnP;
-            length = std::min(length, longest / std::max(std::abs(step[static_cast<Eigen::Index>(i)]), 1e-300));
+            length =
+                std::min(length, longest / std::max(std::abs(step[static_cast<Eigen::Index>(i)]), 1e-300));
         }
         for (std::size_t i = 0; i < n_ + 2; ++i) state[i] += length * step[static_cast<Eigen::Index>(i)];
     }

@@ -68,7 +68,7 @@ private:
     const double* feed_;
     double vaporFraction_;
     std::size_t n_;
-    CompoundArray x_, y_;          // sums 1 only at the solution
+    CompoundArray x_, y_;  // sums 1 only at the solution
     double sumX_ = 1, sumY_ = 1;
     CompoundArray liquidShare_, vaporShare_;  // x and y over their sums
     CubicPhase vapor_, liquid_;

@@ -12,9 +12,9 @@
 namespace orvane::package {
 namespace {
 
-constexpr double finest = 1e-14;    // change of the logarithm of the unknown
-constexpr double accepted = 1e-10;  // difference of ln fugacities, when rounding keeps the change above the finest
-constexpr double criticalReducedVolume = 3.951;
+constexpr double finest = 1e-14;  // change of the logarithm of the unknown
+constexpr double accepted =
+    1e-10;  // difference of ln fugacities, when rounding keeps the change above the finest
 
 }  // namespace
 
@@ -44,12 +44,14 @@ SaturationPoint::SaturationPoint(const MixtureParameters& mixture, Variable give
         vapor.solve(isotherm, pressure, one.data(), Root::vaporLike);
         ++evaluations;
         double next = 0;
-        bool gas = vapor.reducedVolume() > criticalReducedVolume;  // where there is one root: too thin or too hot
+        bool gas =
+            vapor.reducedVolume() > criticalReducedVolume;  // where there is one root: too thin or too hot
         if (vapor.threeRoots) {
             liquid.solve(isotherm, pressure, one.data(), Root::liquidLike);
             difference = vapor.lnPhi[0] - liquid.lnPhi[0];
             gas = difference < 0;
-            const double heat = (vapor.departure().enthalpy - liquid.departure().enthalpy) / (gasConstant * temperature);
+            const double heat =
+                (vapor.departure().enthalpy - liquid.departure().enthalpy) / (gasConstant * temperature);
             next = findPressure ? ln - difference / (vapor.Z - liquid.Z) : ln + difference / heat;
             if (std::abs(next - ln) <= finest || (high - low <= finest && std::abs(difference) <= accepted)) {
                 (findPressure ? pressure : temperature) = std::exp(next);

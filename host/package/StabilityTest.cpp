@@ -82,6 +82,14 @@ bool StabilityTest::isKnown(const CompoundArray& W) const {
     return same(known_) || (otherKnown_ && same(otherKnown_));
 }
 
+// Whether w is about to become the stationary point that another start has led to.
+bool StabilityTest::isFound(const CompoundArray& w) const {
+    if (!std::isfinite(found_.distance)) return false;
+    for (std::size_t i = 0; i < n_; ++i)
+        if (std::abs(w[i] - found_.composition[i]) > 1e-3 * (w[i] + 1e-4)) return false;
+    return true;
+}
+
 void StabilityTest::keep(double tm, const CompoundArray& W, double total) {
     if (!(tm < found_.distance)) return;
     found_.distance = tm;
@@ -110,10 +118,11 @@ bool StabilityTest::minimise(const CompoundArray& start) {
         for (std::size_t i = 0; i < n_; ++i) {
             gradient[i] = lnW[i] + phase_.lnPhi[i] - d_[i];
             tm += W[i] * gradient[i];
-            error = std::max(error, std::sqrt(W[i]) * std::abs(gradient[i]));
+            error = std::max(error, W[i] * gradient[i] * gradient[i]);
             slope += (W[i] - known_[i]) * gradient[i];
             if (otherKnown_) otherSlope += (W[i] - otherKnown_[i]) * gradient[i];
         }
+        error = std::sqrt(error);
         if (tm > tmBefore + 1e-14 * total && length > 1e-3) {
             length *= 0.3;
             for (std::size_t i = 0; i < n_; ++i) lnW[i] = before[i] + length * direction[i];
@@ -136,6 +145,8 @@ bool StabilityTest::minimise(const CompoundArray& start) {
             return s > 0 && tm > 0 && tm < 1e-3 && std::abs(2 * tm / s - 1) < 0.1;
         };
         if (steps >= 2 && (nears(slope) || (otherKnown_ && nears(otherSlope)))) return false;
+
+        if (steps >= 2 && isFound(w)) return false;
 
         if (steps++ < substitutions) {
             for (std::size_t i = 0; i < n_; ++i) direction[i] = -gradient[i];

@@ -66,8 +66,8 @@ bool TargetSearch::enclose(Point& low, Point& high) {
     Point here = point(300);
     for (double factor = 1.15; std::abs(here.difference) > aimed; factor = std::min(factor * 1.1, 1.6)) {
         const bool rise = here.difference < 0;
-        const double next = std::clamp(rise ? here.at * factor : here.at / factor, lowestTemperature,
-                                       highestTemperature);
+        const double next =
+            std::clamp(rise ? here.at * factor : here.at / factor, lowestTemperature, highestTemperature);
         if (next == here.at)
             fail(fmt::format("between {} K and {} K it goes from {} to {}", lowestTemperature,
                              highestTemperature, lowestMet_, highestMet_));
@@ -106,8 +106,9 @@ bool TargetSearch::enclosePressure(Point& low, Point& high) {
             fail(fmt::format("between {} Pa and {} Pa it lies between {} and {}", lowestPressure,
                              highestPressure, lowestMet_, highestMet_));
         Point there = point(here.at * factor);
-        const bool turns = here.difference > 0 ? there.difference > here.difference && here.difference < before.difference
-                                               : there.difference < here.difference && here.difference > before.difference;
+        const bool turns = here.difference > 0
+                               ? there.difference > here.difference && here.difference < before.difference
+                               : there.difference < here.difference && here.difference > before.difference;
         if (turns && encloseAtMinimum(before, here, there, low, high)) return true;
         before = std::move(here);
         here = std::move(there);
@@ -205,15 +206,17 @@ Equilibrium TargetSearch::across(const Point& low, const Point& high) {
         for (std::size_t i = 0; i < feed_.size(); ++i)
             same = same && (feed_[i] == 0 || std::abs(inVapor[i] - inLiquid[i]) <= boiling);
         const auto volumeOf = [&](const PhaseResult& phase) {
-            return model_.properties(phase.kind, result.temperature, result.pressure, phase.composition).volume();
+            return model_.properties(phase.kind, result.temperature, result.pressure, phase.composition)
+                .volume();
         };
         if (same && !(volumeOf(result.phases[0]) > (1 + 1e-6) * volumeOf(result.phases[1])))
-            fail(jump + ", but only in name: one phase there is called a liquid on one side and a vapour on the other");
+            fail(
+                jump +
+                ", but only in name: one phase there is called a liquid on one side and a vapour on the other");
     }
     if (!same) fail(jump + ", where a second liquid forms, which the package cannot express");
     result.vaporFraction = result.phases[0].fraction;
-    if (!(std::abs(value(result) - target_.value) <=
-          accepted * scale(target_, result.temperature)))
+    if (!(std::abs(value(result) - target_.value) <= accepted * scale(target_, result.temperature)))
         fail(jump + ", and the phases that it jumps to do not have it together");
     return result;
 }

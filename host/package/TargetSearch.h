@@ -37,7 +37,8 @@ private:
     double value(const Equilibrium& equilibrium) const;
     bool enclose(Point& low, Point& high);
     bool enclosePressure(Point& low, Point& high);
-    bool encloseAtMinimum(const Point& left, const Point& middle, const Point& right, Point& low, Point& high);
+    bool encloseAtMinimum(const Point& left, const Point& middle, const Point& right, Point& low,
+                          Point& high);
     Equilibrium finished(Point point) const;
     Equilibrium across(const Point& low, const Point& high);
     [[noreturn]] void fail(const std::string& why) const;

@@ -43,7 +43,8 @@ double viscosity(std::span<const Compound> compounds, PhaseKind kind, const Phas
     return denseFluid(compounds, kind, phase).viscosity();
 }
 
-double thermalConductivity(std::span<const Compound> compounds, PhaseKind kind, const PhaseProperties& phase) {
+double thermalConductivity(std::span<const Compound> compounds, PhaseKind kind,
+                           const PhaseProperties& phase) {
     if (kind == PhaseKind::vapor) return denseFluid(compounds, kind, phase).thermalConductivity();
     double sum = 0;
     for (std::size_t i = 0; i < compounds.size(); ++i) {

@@ -21,7 +21,8 @@ namespace orvane::package {
 /// DenseFluid does.
 /// Sources: K. Sato, L. Riedel, after R. C. Reid, J. M. Prausnitz, T. K. Sherwood, The Properties of Gases and
 /// Liquids, 3rd ed. (1977), chapter 10; power law: V. Vredeveld, after the 4th ed. (1987), chapter 10.
-double viscosity(std::span<const Compound> compounds, PhaseKind kind, const PhaseProperties& phase);  ///< Pa s
+double viscosity(std::span<const Compound> compounds, PhaseKind kind,
+                 const PhaseProperties& phase);  ///< Pa s
 double thermalConductivity(std::span<const Compound> compounds, PhaseKind kind,
                            const PhaseProperties& phase);  ///< W/m/K
 

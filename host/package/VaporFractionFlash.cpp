@@ -38,7 +38,8 @@ void VaporFractionFlash::pureCompound() {
 bool VaporFractionFlash::accept(QualityLine& line) {
     const double T = line.temperature(), P = line.pressure();
     const auto reject = [&](const char* why) {
-        const auto text = fmt::format("{}T = {:.8g} K, P = {:.8g} Pa {}", found_.empty() ? "" : "; ", T, P, why);
+        const auto text =
+            fmt::format("{}T = {:.8g} K, P = {:.8g} Pa {}", found_.empty() ? "" : "; ", T, P, why);
         if (found_.find(text.substr(found_.empty() ? 0 : 2)) == std::string::npos) found_ += text;
         return false;
     };
@@ -76,8 +77,8 @@ bool VaporFractionFlash::solveFrom(QualityLine line, const QualityLine::State& g
 bool VaporFractionFlash::trace(Variable start, double startValue, double direction) {
     QualityLine line(mixture_, feed_, target_.value);
     const std::size_t held = line.index(start);
-    const bool started = line.start(start, startValue) && line.correct(held, true) && line.correct(held, false) &&
-                         line.vaporIsLighter();
+    const bool started = line.start(start, startValue) && line.correct(held, true) &&
+                         line.correct(held, false) && line.vaporIsLighter();
     if (!started) {
         evaluations_ += line.evaluations();
         return false;
@@ -157,9 +158,12 @@ bool VaporFractionFlash::run() {
     double meanTc = 0;
     for (std::size_t i = 0; i < mixture_.size; ++i) meanTc += feed_[i] * mixture_.criticalTemperature[i];
     const std::pair<Variable, double> starts[] = {
-        {Variable::pressure, 1e5},           {Variable::pressure, 1e6},
-        {Variable::temperature, 0.7 * meanTc}, {Variable::temperature, 0.85 * meanTc},
-        {Variable::temperature, 0.55 * meanTc}, {Variable::pressure, 1e4},
+        {Variable::pressure, 1e5},
+        {Variable::pressure, 1e6},
+        {Variable::temperature, 0.7 * meanTc},
+        {Variable::temperature, 0.85 * meanTc},
+        {Variable::temperature, 0.55 * meanTc},
+        {Variable::pressure, 1e4},
     };
     for (const auto& [variable, start] : starts)
         for (const double direction : {1.0, -1.0})
@@ -168,12 +172,12 @@ bool VaporFractionFlash::run() {
 }
 
 std::string VaporFractionFlash::complaint() const {
-    return fmt::format("no state of the {} branch at {} = {} {} has the vapour fraction {}{}{}",
-                       target_.solution == Solution::normal ? "normal" : "retrograde",
-                       given_ == Variable::temperature ? "T" : "P", value_,
-                       given_ == Variable::temperature ? "K" : "Pa", target_.value,
-                       found_.empty() ? "; the line of this vapour fraction does not reach it" : "; found: ",
-                       found_);
+    return fmt::format(
+        "no state of the {} branch at {} = {} {} has the vapour fraction {}{}{}",
+        target_.solution == Solution::normal ? "normal" : "retrograde",
+        given_ == Variable::temperature ? "T" : "P", value_, given_ == Variable::temperature ? "K" : "Pa",
+        target_.value,
+        found_.empty() ? "; the line of this vapour fraction does not reach it" : "; found: ", found_);
 }
 
 }  // namespace orvane::package

@@ -58,7 +58,9 @@ composition = [0, 1]
 )",
                                    "case.toml");
     CHECK(read.package->ids() == std::vector<std::string>{"methane", "propane"});
-    CHECK(dynamic_cast<const orvane::package::PengRobinsonModel&>(read.package->model()).equation().interaction(0, 1) == 0.25);
+    CHECK(dynamic_cast<const orvane::package::PengRobinsonModel&>(read.package->model())
+              .equation()
+              .interaction(0, 1) == 0.25);
     CHECK(read.unitName == "Heater");
     CHECK(!read.script);
 

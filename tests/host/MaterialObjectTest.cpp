@@ -239,7 +239,8 @@ TEST_CASE("Every condition that a unit can ask for leads back to the state, on a
         const TestMaterial material;
         material.flash(feed, 300, 20e5);
         const double fraction = material.of("Vapor", "phaseFraction", basis).at(0);
-        const auto again = [&](const TestMaterial::Specification& first, const TestMaterial::Specification& second) {
+        const auto again = [&](const TestMaterial::Specification& first,
+                               const TestMaterial::Specification& second) {
             material.setPresent({"Vapor", "Liquid"});
             if (second[0] == "phaseFraction") material.setOf("Vapor", "phaseFraction", "mole", {fraction});
             material.equilibrium(first, second);
@@ -251,7 +252,8 @@ TEST_CASE("Every condition that a unit can ask for leads back to the state, on a
             double value = 0;
             for (const char* phase : {"Vapor", "Liquid"}) {
                 material.calculate({property}, phase);
-                value += material.of(phase, "phaseFraction", basis).at(0) * material.of(phase, property, basis).at(0);
+                value += material.of(phase, "phaseFraction", basis).at(0) *
+                         material.of(phase, property, basis).at(0);
             }
             for (const auto& given : {TestMaterial::byPressure, TestMaterial::byTemperature}) {
                 material.setOverall(property, basis, {value});
@@ -283,10 +285,12 @@ TEST_CASE("Every property that is offered of a phase or two is calculated and re
             const bool plain = errorOf([&] { material.of(phase, name); }).empty();
             const bool perAmount = errorOf([&] { material.of(phase, name, "mass"); }).empty();
             CHECK(plain != perAmount);  // it has a basis, or none
-            for (const double value : material.of(phase, name, plain ? "" : "mole")) CHECK(std::isfinite(value));
+            for (const double value : material.of(phase, name, plain ? "" : "mole"))
+                CHECK(std::isfinite(value));
             if (!perAmount) continue;
             const double ratio = name == "density" ? 1 / weight : weight;
-            CHECK(material.of(phase, name, "mass").at(0) * ratio == Approx(material.of(phase, name, "mole").at(0)));
+            CHECK(material.of(phase, name, "mass").at(0) * ratio ==
+                  Approx(material.of(phase, name, "mole").at(0)));
         }
     }
     for (const auto& name : offeredOfTwo.utf8()) {
@@ -300,7 +304,8 @@ TEST_CASE("Every property that is offered of a phase or two is calculated and re
         CHECK(values.view().size() == (name == "surfaceTension" ? 1 : 3));
     }
     material.calculate({"activityCoefficient", "activity"}, "Liquid");
-    const auto gamma = material.of("Liquid", "activityCoefficient"), activity = material.of("Liquid", "activity");
+    const auto gamma = material.of("Liquid", "activityCoefficient"),
+               activity = material.of("Liquid", "activity");
     const auto x = material.of("Liquid", "fraction", "mole");
     for (std::size_t i = 0; i < 3; ++i) CHECK(activity[i] == Approx(gamma[i] * x[i]));
     CHECK(gamma[2] == Approx(1).epsilon(0.1));  // the solvent, nearly pure

@@ -81,7 +81,8 @@ TEST_CASE("The ideal gas heat capacity is the slope of the ideal gas enthalpy") 
         call<&Compounds::Table::GetTDependentProperty>(query<Compounds>(material.material),
                                                        StringArray({name}).in(), temperature,
                                                        StringArray().in(), &missing, values.out());
-        CHECK((missing != 0) == std::ranges::any_of(values.view(), [](double value) { return std::isnan(value); }));
+        CHECK((missing != 0) ==
+              std::ranges::any_of(values.view(), [](double value) { return std::isnan(value); }));
         return std::vector<double>(values.view().begin(), values.view().end());
     };
     const auto above = property("idealGasEnthalpy", 400.1);
@@ -95,14 +96,15 @@ TEST_CASE("The ideal gas heat capacity is the slope of the ideal gas enthalpy") 
           std::string::npos);
 }
 
-TEST_CASE("Saturated compounds have a boiling point, vapour pressure, heat and volume up to the critical point") {
+TEST_CASE(
+    "Saturated compounds have a boiling point, vapour pressure, heat and volume up to the critical point") {
     const TestMaterial material;
     const auto at = [&](const char* name, double temperature) {
         RealArray values;
         CapeBoolean missing = 2;
-        call<&Compounds::Table::GetTDependentProperty>(query<Compounds>(material.material),
-                                                       StringArray({name}).in(), temperature,
-                                                       StringArray({"propane", "methane"}).in(), &missing, values.out());
+        call<&Compounds::Table::GetTDependentProperty>(
+            query<Compounds>(material.material), StringArray({name}).in(), temperature,
+            StringArray({"propane", "methane"}).in(), &missing, values.out());
         CHECK(missing == 1);  // methane is above its critical temperature
         CHECK(std::isnan(values.view()[1]));
         return values.view()[0];
@@ -113,10 +115,9 @@ TEST_CASE("Saturated compounds have a boiling point, vapour pressure, heat and v
     CHECK(at("volumeOfLiquid", 300) == Approx(9.006e-5).epsilon(0.06));
     RealArray values;
     CapeBoolean missing = 2;
-    call<&Compounds::Table::GetPDependentProperty>(query<Compounds>(material.material),
-                                                   StringArray({"boilingPointTemperature"}).in(),
-                                                   at("vaporPressure", 300), StringArray({"propane"}).in(), &missing,
-                                                   values.out());
+    call<&Compounds::Table::GetPDependentProperty>(
+        query<Compounds>(material.material), StringArray({"boilingPointTemperature"}).in(),
+        at("vaporPressure", 300), StringArray({"propane"}).in(), &missing, values.out());
     CHECK(missing == 0);
     CHECK(values.view()[0] == Approx(300).epsilon(1e-9));
 }

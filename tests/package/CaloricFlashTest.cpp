@@ -22,7 +22,8 @@ constexpr double tolerance = 1e-9;
 void checkRoundTrip(const PengRobinsonModel& flash, const Equilibrium& start, const Fractions& feed) {
     const double T = start.temperature, P = start.pressure;
     const double H = enthalpy(flash, start), S = entropy(flash, start);
-    const auto byH = flash.atPressure(P, {Quantity::enthalpy, H}, feed), byS = flash.atPressure(P, {Quantity::entropy, S}, feed);
+    const auto byH = flash.atPressure(P, {Quantity::enthalpy, H}, feed),
+               byS = flash.atPressure(P, {Quantity::entropy, S}, feed);
     CHECK(std::abs(enthalpy(flash, byH) - H) <= tolerance * std::max(std::abs(H), gasConstant * T));
     CHECK(std::abs(entropy(flash, byS) - S) <= tolerance * std::max(std::abs(S), gasConstant));
     for (const auto* result : {&byH, &byS}) {
@@ -82,7 +83,8 @@ TEST_CASE("Mixtures that boil within a thousandth of a degree or less find their
     for (const auto& row : rows) {
         const PengRobinsonModel flash(row.equation);
         // From well below to well above boiling: enthalpy must rise steadily through the whole dome.
-        const double low = enthalpy(flash, flash.atPressure(row.pressure, {Quantity::entropy, -150}, row.feed));
+        const double low =
+            enthalpy(flash, flash.atPressure(row.pressure, {Quantity::entropy, -150}, row.feed));
         double lastT = 0, lastV = 0;
         int twoPhases = 0;
         for (double H = low; H < low + 90000; H += 700) {
@@ -183,8 +185,8 @@ TEST_CASE("Random mixtures come back from their enthalpy and entropy") {
 
 TEST_CASE("An enthalpy that no temperature gives is refused with what was sought") {
     const PengRobinsonModel pure(mixtureOf({"methane"})), mixture(mixtureOf({"methane", "ethane"}));
-    CHECK_THROWS_WITH_AS(pure.atPressure(1e5, {Quantity::enthalpy, -1e9}, Fractions{1}), doctest::Contains("-1000000000"),
-                         PackageError);
+    CHECK_THROWS_WITH_AS(pure.atPressure(1e5, {Quantity::enthalpy, -1e9}, Fractions{1}),
+                         doctest::Contains("-1000000000"), PackageError);
     CHECK_THROWS_WITH_AS(mixture.atPressure(1e5, {Quantity::enthalpy, -1e9}, Fractions{.5, .5}),
                          doctest::Contains("-1000000000"), PackageError);
     CHECK_THROWS_AS(mixture.atPressure(1e5, {Quantity::entropy, -1e6}, Fractions{.5, .5}), PackageError);

@@ -265,8 +265,8 @@ TEST_CASE("A single phase is named as an engineer would") {
         CAPTURE(row.pressure);
         std::vector<Compound> compounds;
         for (const auto& id : row.ids) compounds.push_back(CompoundTable::instance().at(id));
-        const auto result =
-            PengRobinsonModel(PengRobinson(compounds)).temperaturePressure(row.temperature, row.pressure, row.feed);
+        const auto result = PengRobinsonModel(PengRobinson(compounds))
+                                .temperaturePressure(row.temperature, row.pressure, row.feed);
         REQUIRE(result.phases.size() == 1);
         CHECK(label(result.phases[0].kind) == label(row.kind));
     }

@@ -11,7 +11,9 @@ using namespace orvane::package::test;
 
 namespace {
 
-IdealModel idealOf(std::initializer_list<std::string_view> ids) { return IdealModel(mixtureOf(ids).compounds()); }
+IdealModel idealOf(std::initializer_list<std::string_view> ids) {
+    return IdealModel(mixtureOf(ids).compounds());
+}
 
 }  // namespace
 
@@ -20,9 +22,9 @@ TEST_CASE("Compounds boil at their boiling points with their heats of vaporisati
     struct {
         const char* id;
         double kilojoule, boilingWithin;
-    } const rows[] = {{"methane", 8.19, 0.4},  {"propane", 19.04, 0.4}, {"n-pentane", 25.79, 0.4},
+    } const rows[] = {{"methane", 8.19, 0.4},   {"propane", 19.04, 0.4}, {"n-pentane", 25.79, 0.4},
                       {"n-decane", 38.75, 0.6}, {"benzene", 30.72, 0.6}, {"toluene", 33.18, 0.6},
-                      {"water", 40.65, 3},     {"acetone", 29.10, 1},   {"chloroform", 29.24, 0.6}};
+                      {"water", 40.65, 3},      {"acetone", 29.10, 1},   {"chloroform", 29.24, 0.6}};
     for (const auto& row : rows) {
         CAPTURE(std::string(row.id));
         const auto model = idealOf({row.id});
@@ -31,14 +33,16 @@ TEST_CASE("Compounds boil at their boiling points with their heats of vaporisati
         CHECK(std::abs(T - model.compounds()[0].normalBoilingPoint) < row.boilingWithin);
         const double heat = model.properties(PhaseKind::vapor, T, 101325, Fractions{1}).enthalpy() -
                             model.properties(PhaseKind::liquid, T, 101325, Fractions{1}).enthalpy();
-        CHECK(heat == doctest::Approx(1000 * row.kilojoule).epsilon(0.1));  // without the departure of the vapour
+        CHECK(heat ==
+              doctest::Approx(1000 * row.kilojoule).epsilon(0.1));  // without the departure of the vapour
     }
 }
 
 TEST_CASE("Vapour pressures run on smoothly above the critical temperature") {
     const auto& methane = CompoundTable::instance().at("methane");
     const auto at = [&](double T) {
-        return VaporPressure(methane.criticalTemperature, methane.criticalPressure, methane.acentricFactor, T);
+        return VaporPressure(methane.criticalTemperature, methane.criticalPressure, methane.acentricFactor,
+                             T);
     };
     const double Tc = methane.criticalTemperature;
     CHECK(std::exp(at(Tc).ln) == doctest::Approx(methane.criticalPressure).epsilon(1e-4));
@@ -58,13 +62,16 @@ TEST_CASE("Phases follow Raoult's law") {
     const double T = 365;
     double pure[2];
     for (std::size_t i = 0; i < 2; ++i)
-        pure[i] = model.atTemperature(T, {Quantity::vaporFraction, 0}, i == 0 ? Fractions{1, 0} : Fractions{0, 1}).pressure;
+        pure[i] =
+            model.atTemperature(T, {Quantity::vaporFraction, 0}, i == 0 ? Fractions{1, 0} : Fractions{0, 1})
+                .pressure;
     for (const double x : {0.0, 0.2, 0.5, 0.9, 1.0}) {
         CAPTURE(x);
         const auto bubble = model.atTemperature(T, {Quantity::vaporFraction, 0}, Fractions{x, 1 - x});
         // Up to Poynting's factor, 1e-3 here.
         CHECK(bubble.pressure == doctest::Approx(x * pure[0] + (1 - x) * pure[1]).epsilon(1e-3));
-        CHECK(bubble.phases[0].composition[0] * bubble.pressure == doctest::Approx(x * pure[0]).epsilon(3e-3));
+        CHECK(bubble.phases[0].composition[0] * bubble.pressure ==
+              doctest::Approx(x * pure[0]).epsilon(3e-3));
         const auto dew = model.atTemperature(T, {Quantity::vaporFraction, 1}, bubble.phases[0].composition);
         CHECK(dew.pressure == doctest::Approx(bubble.pressure).epsilon(1e-10));
         CHECK(dew.phases[1].composition[0] == doctest::Approx(x).scale(1).epsilon(1e-10));
@@ -91,7 +98,8 @@ TEST_CASE("What the ideal model cannot do is refused") {
     auto compounds = mixtureOf({"methane", "ethane"}).compounds();
     CHECK_THROWS_WITH_AS(makeModel("ideal", compounds, {{"methane", "ethane", 0.1}}),
                          doctest::Contains("no interaction parameters"), PackageError);
-    CHECK_THROWS_WITH_AS(makeModel("NRTL", compounds, {}), doctest::Contains("'Peng-Robinson', 'ideal'"), PackageError);
+    CHECK_THROWS_WITH_AS(makeModel("NRTL", compounds, {}), doctest::Contains("'Peng-Robinson', 'ideal'"),
+                         PackageError);
     CHECK(makeModel("IDEAL", compounds, {})->name() == "ideal");
     compounds[1].criticalVolume = 0;
     CHECK_THROWS_WITH_AS(IdealModel{compounds}, doctest::Contains("ethane"), PackageError);

@@ -17,7 +17,9 @@ PengRobinson equationOf(const std::vector<std::string_view>& ids) {
     return PengRobinson(std::move(compounds));
 }
 
-doctest::Approx within(double value, double relative) { return doctest::Approx(value).scale(0).epsilon(relative); }
+doctest::Approx within(double value, double relative) {
+    return doctest::Approx(value).scale(0).epsilon(relative);
+}
 
 }  // namespace
 
@@ -25,7 +27,9 @@ TEST_CASE("Fugacity coefficients, enthalpy, entropy and volume of a phase agree 
     for (const auto& row : referencePhases) {
         CAPTURE(row.temperature);
         CAPTURE(row.pressure);
-        const Root root = row.root == 'v' ? Root::vaporLike : row.root == 'l' ? Root::liquidLike : Root::stable;
+        const Root root = row.root == 'v'   ? Root::vaporLike
+                          : row.root == 'l' ? Root::liquidLike
+                                            : Root::stable;
         const PhaseProperties phase(equationOf(row.ids), row.temperature, row.pressure, row.x, root);
         CHECK(phase.enthalpy() == within(row.enthalpy, 1e-10));
         CHECK(phase.entropy() == within(row.entropy, 1e-10));

@@ -1,9 +1,9 @@
 // Viscosity, thermal conductivity and surface tension against measured figures, and where they end.
+#include "package/Transport.h"
 #include "package/DenseFluid.h"
 #include "package/PackageError.h"
 #include "package/PengRobinsonModel.h"
 #include "package/SurfaceTension.h"
-#include "package/Transport.h"
 #include "tests/package/Mixtures.h"
 
 #include <doctest/doctest.h>
@@ -51,13 +51,15 @@ TEST_CASE("Transport properties agree with measured ones within what the correla
         const auto found = model.temperaturePressure(row.temperature, row.pressure, Fractions{1});
         const PhaseKind kind = found.phases[0].kind;
         const auto phase = model.properties(kind, row.temperature, row.pressure, Fractions{1});
-        CHECK(1e6 * viscosity(model.compounds(), kind, phase) == doctest::Approx(row.microPascalSecond).epsilon(row.within));
+        CHECK(1e6 * viscosity(model.compounds(), kind, phase) ==
+              doctest::Approx(row.microPascalSecond).epsilon(row.within));
         CHECK(1e3 * thermalConductivity(model.compounds(), kind, phase) ==
               doctest::Approx(row.milliWatt).epsilon(row.within));
     }
 }
 
-TEST_CASE("A mixture of one compound twice or with an absent one has the transport properties of the compound") {
+TEST_CASE(
+    "A mixture of one compound twice or with an absent one has the transport properties of the compound") {
     const PengRobinsonModel pure(mixtureOf({"propane"})), two(mixtureOf({"methane", "propane"}));
     for (const PhaseKind kind : {PhaseKind::vapor, PhaseKind::liquid}) {
         const double P = kind == PhaseKind::vapor ? 1e5 : 2e6;
@@ -79,13 +81,15 @@ TEST_CASE("Surface tensions agree with measured ones and end at the critical poi
     struct {
         const char* id;
         double temperature, milliNewton;
-    } const rows[] = {{"n-heptane", 298.15, 19.7}, {"n-decane", 298.15, 23.4},  {"benzene", 298.15, 28.2},
-                      {"water", 298.15, 72.0},     {"methanol", 298.15, 22.1},  {"ethanol", 298.15, 21.9},
-                      {"acetone", 298.15, 23.0},   {"acetic-acid", 298.15, 27.1}, {"chloroform", 298.15, 26.7}};
+    } const rows[] = {
+        {"n-heptane", 298.15, 19.7}, {"n-decane", 298.15, 23.4},    {"benzene", 298.15, 28.2},
+        {"water", 298.15, 72.0},     {"methanol", 298.15, 22.1},    {"ethanol", 298.15, 21.9},
+        {"acetone", 298.15, 23.0},   {"acetic-acid", 298.15, 27.1}, {"chloroform", 298.15, 26.7}};
     const auto& table = CompoundTable::instance();
     for (const auto& row : rows) {
         CAPTURE(std::string(row.id));
-        CHECK(1e3 * surfaceTension(table.at(row.id), row.temperature) == doctest::Approx(row.milliNewton).epsilon(0.05));
+        CHECK(1e3 * surfaceTension(table.at(row.id), row.temperature) ==
+              doctest::Approx(row.milliNewton).epsilon(0.05));
     }
     const auto& propane = table.at("propane");
     CHECK(surfaceTension(propane, 0.9999 * propane.criticalTemperature) < 1e-5);
@@ -103,6 +107,6 @@ TEST_CASE("Transport properties that the correlation cannot give are refused") {
                          PackageError);
     const auto gas = model.properties(PhaseKind::vapor, 300, 1e5, Fractions{1});
     compounds[0].criticalVolume = 0;
-    CHECK_THROWS_WITH_AS(viscosity(compounds, PhaseKind::vapor, gas), doctest::Contains("critical volume of methane"),
-                         PackageError);
+    CHECK_THROWS_WITH_AS(viscosity(compounds, PhaseKind::vapor, gas),
+                         doctest::Contains("critical volume of methane"), PackageError);
 }

@@ -53,7 +53,8 @@ TEST_CASE("The temperature and the pressure of a two-phase state come back from 
             ++twoPhases;
             const auto target = vapor(start.vaporFraction);
             // A state is on one branch or the other; both may exist at the same temperature or pressure.
-            const auto comesBack = [&](auto member, double given, double found, double Equilibrium::*of, int& retrograde) {
+            const auto comesBack = [&](auto member, double given, double found, double Equilibrium::*of,
+                                       int& retrograde) {
                 for (const auto solution : {Solution::normal, Solution::retrograde}) {
                     Target wanted = target;
                     wanted.solution = solution;
@@ -71,8 +72,10 @@ TEST_CASE("The temperature and the pressure of a two-phase state come back from 
                 }
                 return false;
             };
-            CHECK(comesBack(&PengRobinsonModel::atPressure, P, T, &Equilibrium::temperature, retrogradeByTemperature));
-            CHECK(comesBack(&PengRobinsonModel::atTemperature, T, P, &Equilibrium::pressure, retrogradeByPressure));
+            CHECK(comesBack(&PengRobinsonModel::atPressure, P, T, &Equilibrium::temperature,
+                            retrogradeByTemperature));
+            CHECK(comesBack(&PengRobinsonModel::atTemperature, T, P, &Equilibrium::pressure,
+                            retrogradeByPressure));
         }
     CHECK(twoPhases > 100);
     CHECK(retrogradeByPressure > 3);
@@ -112,8 +115,10 @@ TEST_CASE("A retrograde gas has two dew points, and the one asked for is given")
         CHECK(upper.pressure > 1.2 * lower.pressure);
         for (const auto* dew : {&lower, &upper}) {
             const double sign = dew == &lower ? 1 : -1;
-            CHECK(model.temperaturePressure(T, dew->pressure * (1 + 1e-6 * sign), naturalGasFeed).phases.size() == 2);
-            CHECK(model.temperaturePressure(T, dew->pressure * (1 - 1e-6 * sign), naturalGasFeed).phases.size() == 1);
+            CHECK(model.temperaturePressure(T, dew->pressure * (1 + 1e-6 * sign), naturalGasFeed)
+                      .phases.size() == 2);
+            CHECK(model.temperaturePressure(T, dew->pressure * (1 - 1e-6 * sign), naturalGasFeed)
+                      .phases.size() == 1);
         }
         // Between them the vapour fraction falls and rises again.
         const double P = std::sqrt(lower.pressure * upper.pressure);
@@ -132,7 +137,8 @@ TEST_CASE("A retrograde gas has two dew points, and the one asked for is given")
     const auto cold = light.atPressure(9e6, vapor(1, Solution::retrograde), lightFeed);
     CHECK(hot.temperature > cold.temperature + 1);
     // Beyond the envelope there is none.
-    CHECK_THROWS_WITH_AS(model.atTemperature(420, vapor(1), naturalGasFeed), doctest::Contains("420"), PackageError);
+    CHECK_THROWS_WITH_AS(model.atTemperature(420, vapor(1), naturalGasFeed), doctest::Contains("420"),
+                         PackageError);
     CHECK_THROWS_AS(model.atPressure(3e7, vapor(0.5), naturalGasFeed), PackageError);
     // At low pressure there is no retrograde branch.
     CHECK_THROWS_WITH_AS(model.atPressure(1e6, vapor(1, Solution::retrograde), naturalGasFeed),
@@ -171,16 +177,19 @@ TEST_CASE("A pure compound has its saturation at every vapour fraction") {
             const auto half = model.atTemperature(T, vapor(0.25), Fractions{1});
             CHECK(half.vaporFraction == 0.25);
             CHECK(imbalance(model, half) < 1e-9);
-            CHECK(model.atPressure(half.pressure, vapor(1), Fractions{1}).temperature == doctest::Approx(T).epsilon(1e-9));
+            CHECK(model.atPressure(half.pressure, vapor(1), Fractions{1}).temperature ==
+                  doctest::Approx(T).epsilon(1e-9));
             // The enthalpy between that of both phases belongs to the same temperature.
-            const auto byH = model.atPressure(half.pressure, {Quantity::enthalpy, enthalpy(model, half)}, Fractions{1});
+            const auto byH =
+                model.atPressure(half.pressure, {Quantity::enthalpy, enthalpy(model, half)}, Fractions{1});
             CHECK(byH.temperature == doctest::Approx(T).epsilon(1e-9));
             if (reduced < 0.999) CHECK(byH.vaporFraction == doctest::Approx(0.25).epsilon(1e-5));
         }
         CHECK_THROWS_WITH_AS(model.atTemperature(1.01 * c.criticalTemperature, vapor(0.5), Fractions{1}),
                              doctest::Contains("critical point"), PackageError);
-        CHECK_THROWS_WITH_AS(model.atPressure(0.5 * c.criticalPressure, vapor(0.5, Solution::retrograde), Fractions{1}),
-                             doctest::Contains("no retrograde"), PackageError);
+        CHECK_THROWS_WITH_AS(
+            model.atPressure(0.5 * c.criticalPressure, vapor(0.5, Solution::retrograde), Fractions{1}),
+            doctest::Contains("no retrograde"), PackageError);
     }
 }
 
@@ -213,15 +222,16 @@ TEST_CASE("Random mixtures come back from their vapour fraction") {
             for (const auto solution : {Solution::normal, Solution::retrograde}) {
                 if (found) break;
                 try {
-                    const auto result = byPressure
-                                            ? model.atPressure(P, vapor(start.vaporFraction, solution), feed)
-                                            : model.atTemperature(T, vapor(start.vaporFraction, solution), feed);
+                    const auto result =
+                        byPressure ? model.atPressure(P, vapor(start.vaporFraction, solution), feed)
+                                   : model.atTemperature(T, vapor(start.vaporFraction, solution), feed);
                     CHECK(imbalance(model, result) < 1e-8);
                     checkBalance(result, feed);
                     // Another state may have the same vapour fraction, but it must have it.
                     CHECK(model.phasesAt(result.temperature, result.pressure, feed).vaporFraction ==
                           doctest::Approx(start.vaporFraction).scale(1).epsilon(1e-6));
-                    same += std::abs(byPressure ? result.temperature / T - 1 : result.pressure / P - 1) < 1e-6;
+                    same +=
+                        std::abs(byPressure ? result.temperature / T - 1 : result.pressure / P - 1) < 1e-6;
                     found = true;
                 }
                 catch (const PackageError& error) {
@@ -238,6 +248,6 @@ TEST_CASE("Random mixtures come back from their vapour fraction") {
 TEST_CASE("Vapour fractions that are none are refused") {
     const PengRobinsonModel model(mixtureOf({"methane", "ethane"}));
     for (const double wrong : {-0.1, 1.1, std::nan("")})
-        CHECK_THROWS_WITH_AS(model.atPressure(1e5, vapor(wrong), Fractions{.5, .5}), doctest::Contains("vapour fraction"),
-                             PackageError);
+        CHECK_THROWS_WITH_AS(model.atPressure(1e5, vapor(wrong), Fractions{.5, .5}),
+                             doctest::Contains("vapour fraction"), PackageError);
 }
