@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <numeric>
 
 namespace orvane::host {
@@ -68,10 +69,13 @@ private:
     void readPackage(const toml::table& in) {
         checkKeys(in, "package", {"model", "compounds", "interaction"});
         const int line = lineOf(in);
-        if (const auto* model = in.get("model")) {
-            const std::string name = text(*model, "model");
-            if (!COBIA::equalIgnoringCase(name, "Peng-Robinson")) {
-                fail(lineOf(*model), fmt::format("unknown model '{}'; known: 'Peng-Robinson'", name));
+        std::string model(package::modelNames().front());
+        if (const auto* given = in.get("model")) {
+            model = text(*given, "model");
+            if (std::ranges::none_of(package::modelNames(),
+                                     [&](auto known) { return COBIA::equalIgnoringCase(model, known); })) {
+                fail(lineOf(*given), fmt::format("unknown model '{}'; known: '{}'", model,
+                                                 fmt::join(package::modelNames(), "', '")));
             }
         }
         const auto* compounds = in.get("compounds");
@@ -91,7 +95,7 @@ private:
             }
         }
         try {
-            case_.package = std::make_shared<PropertyPackage>(std::move(chosen), overrides);
+            case_.package = std::make_shared<PropertyPackage>(std::move(chosen), overrides, model);
         }
         catch (const package::PackageError& error) {
             fail(lineOf(*compounds), error.what());
@@ -162,36 +166,47 @@ private:
     void readStream(const std::string& port, int line, const toml::table& in) {
         CaseStream stream{port, line, std::nullopt};
         const std::string where = fmt::format("streams.{}", port);
-        checkKeys(in, where, {"temperature", "pressure", "enthalpy", "entropy", "flow_rate", "composition"});
+        checkKeys(in, where,
+                  {"temperature", "pressure", "vapor_fraction", "enthalpy", "entropy", "volume", "flow_rate",
+                   "composition"});
         if (!in.empty()) stream.state = readState(where, line, in);
         case_.streams.push_back(std::move(stream));
     }
 
     CaseState readState(const std::string& where, int line, const toml::table& in) const {
         std::vector<Condition> conditions;
-        for (const ConditionKind kind : {ConditionKind::temperature, ConditionKind::pressure,
-                                         ConditionKind::enthalpy, ConditionKind::entropy}) {
+        for (const ConditionKind kind :
+             {ConditionKind::temperature, ConditionKind::pressure, ConditionKind::vaporFraction,
+              ConditionKind::enthalpy, ConditionKind::entropy, ConditionKind::volume}) {
             const auto* node = in.get(conditionName(kind));
             if (!node) continue;
             const double value = number(*node, conditionName(kind));
-            const bool absolute = kind == ConditionKind::temperature || kind == ConditionKind::pressure;
+            const bool absolute = kind == ConditionKind::temperature || kind == ConditionKind::pressure ||
+                                  kind == ConditionKind::volume;
             if (absolute && value <= 0) {
                 fail(lineOf(*node),
                      fmt::format("'{}' is {}, which is not positive{}", conditionName(kind), value,
                                  kind == ConditionKind::temperature ? "; it is in K" : ""));
             }
+            if (kind == ConditionKind::vaporFraction && (value < 0 || value > 1)) {
+                fail(lineOf(*node),
+                     fmt::format("'{}' is {}, which is not between 0 and 1", conditionName(kind), value));
+            }
             conditions.push_back({kind, value});
         }
         if (conditions.size() != 2) {
-            fail(line, fmt::format(
-                           "[{}] has {} of the conditions temperature [K], pressure [Pa], enthalpy [J/mol], "
-                           "entropy [J/mol/K]; a stream takes two of them",
-                           where, conditions.size()));
+            fail(line,
+                 fmt::format(
+                     "[{}] has {} of the conditions temperature [K], pressure [Pa], vapor_fraction "
+                     "[mol/mol], enthalpy [J/mol], entropy [J/mol/K], volume [m3/mol]; a stream takes two "
+                     "of them",
+                     where, conditions.size()));
         }
         if (!PropertyPackage::supports(conditions[0].kind, conditions[1].kind)) {
-            fail(line,
-                 fmt::format("[{}]: {} and {} together are not supported; pressure with one of the others is",
-                             where, conditionName(conditions[0].kind), conditionName(conditions[1].kind)));
+            fail(line, fmt::format(
+                           "[{}]: {} and {} together are not supported; temperature or pressure with one of "
+                           "the others is",
+                           where, conditionName(conditions[0].kind), conditionName(conditions[1].kind)));
         }
         const auto* flow = in.get("flow_rate");
         if (!flow) fail(line, fmt::format("[{}] has no 'flow_rate' [mol/s]", where));

@@ -1,5 +1,7 @@
 #include "host/Closure.h"
 
+#include "host/ElementBalance.h"
+
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
@@ -44,6 +46,7 @@ std::optional<Closure> closure(const RunResult& result) {
     }
     energy.in += closure.supplied;
     for (Balance& balance : closure.compounds) balance.scale = std::max(balance.in, balance.out);
+    closure.elements = elementBalances(closure.compounds);
     return closure;
 }
 
@@ -56,7 +59,19 @@ std::vector<std::string> Closure::warnings() const {
                         balance.name, balance.in, balance.out, balance.difference(), unit,
                         std::abs(balance.relative()), note));
     };
-    for (const Balance& balance : compounds) check(balance, "mol/s", "");
+    const auto isOpen = [](const Balance& balance) {
+        return std::abs(balance.relative()) > closureTolerance;
+    };
+    std::vector<std::string> changed;
+    for (const Balance& balance : compounds) {
+        if (isOpen(balance)) changed.push_back(fmt::format("{} {:+.3g}", balance.name, balance.difference()));
+    }
+    if (changed.empty() || std::ranges::any_of(elements, isOpen)) {
+        for (const Balance& balance : compounds) check(balance, "mol/s", "");
+    } else {
+        result.push_back(fmt::format("compounds change, but their elements close, as in a reaction: {} mol/s",
+                                     fmt::join(changed, ", ")));
+    }
     check(energy, "W",
           suppliedBy.empty()
               ? "; no parameter is a power and no energy stream goes in, so nothing counts as supplied"

@@ -25,6 +25,7 @@ inline constexpr double closureTolerance = 1e-6;
 
 struct Closure {
     std::vector<Balance> compounds;  ///< mol/s
+    std::vector<Balance> elements;   ///< mol/s of atoms, which a reaction keeps
     /// Enthalpy flow [W]: `in` is that of the feeds and what is supplied.
     Balance energy;
     double supplied = 0;  ///< W, the sum of the powers below
@@ -32,7 +33,8 @@ struct Closure {
     /// gives off, and powers that are outputs say it again: those do not count then.
     std::vector<std::string> suppliedBy;
 
-    /// One sentence for each balance that is off by more than closureTolerance.
+    /// One sentence for each balance that is off by more than closureTolerance; one for all compounds together where
+    /// the elements close, as in a reaction.
     std::vector<std::string> warnings() const;
 };
 

@@ -40,14 +40,54 @@ const Constant constants[] = {
 
 struct TemperatureProperty {
     const char* identifier;
-    double IdealGas::*of;
+    bool endsAtCriticalPoint;
+    double (*of)(const PropertyPackage&, std::size_t compound, double temperature);
 };
 
+template <double IdealGas::*member>
+double idealGas(const PropertyPackage& package, std::size_t compound, double temperature) {
+    return IdealGas(package.compounds()[compound].heatCapacity, temperature).*member;
+}
+
+std::vector<double> alone(const PropertyPackage& package, std::size_t compound) {
+    std::vector<double> x(package.size());
+    x[compound] = 1;
+    return x;
+}
+
+package::Equilibrium saturated(const PropertyPackage& package, std::size_t compound, double temperature,
+                               double vaporFraction) {
+    return package.model().atTemperature(temperature, {package::Quantity::vaporFraction, vaporFraction},
+                                         alone(package, compound));
+}
+
+double vaporPressure(const PropertyPackage& package, std::size_t compound, double temperature) {
+    return saturated(package, compound, temperature, 0).pressure;
+}
+
+double heatOfVaporization(const PropertyPackage& package, std::size_t compound, double temperature) {
+    return enthalpy(package.model(), saturated(package, compound, temperature, 1)) -
+           enthalpy(package.model(), saturated(package, compound, temperature, 0));
+}
+
+double volumeOfLiquid(const PropertyPackage& package, std::size_t compound, double temperature) {
+    return volume(package.model(), saturated(package, compound, temperature, 0));
+}
+
 const TemperatureProperty temperatureProperties[] = {
-    {"idealGasHeatCapacity", &IdealGas::heatCapacity},
-    {"idealGasEnthalpy", &IdealGas::enthalpy},
-    {"idealGasEntropy", &IdealGas::entropy},
+    {"idealGasHeatCapacity", false, idealGas<&IdealGas::heatCapacity>},
+    {"idealGasEnthalpy", false, idealGas<&IdealGas::enthalpy>},
+    {"idealGasEntropy", false, idealGas<&IdealGas::entropy>},
+    {"vaporPressure", true, vaporPressure},
+    {"heatOfVaporization", true, heatOfVaporization},
+    {"volumeOfLiquid", true, volumeOfLiquid},
 };
+
+struct PressureProperty {
+    const char* identifier;
+};
+
+const PressureProperty pressureProperties[] = {{"boilingPointTemperature"}};
 
 template <class Rows> std::vector<std::string> identifiers(const Rows& rows) {
     std::vector<std::string> result;
@@ -75,13 +115,31 @@ ValueObject::Content compoundConstant(const Compound& compound, COBIA::CapeTextV
 
 std::vector<std::string> temperaturePropertyNames() { return identifiers(temperatureProperties); }
 
-double temperatureProperty(const Compound& compound, COBIA::CapeTextView identifier, double temperature) {
+std::optional<double> temperatureProperty(const PropertyPackage& package, std::size_t compound,
+                                          COBIA::CapeTextView identifier, double temperature) {
     const auto& row = find(temperatureProperties, identifier, "temperature-dependent compound property");
     if (!std::isfinite(temperature) || temperature <= 0) {
         throw COBIA::StringException()
             << "temperature " << temperature << " K for '" << row.identifier << "' is not a positive number";
     }
-    return IdealGas(compound.heatCapacity, temperature).*row.of;
+    if (row.endsAtCriticalPoint && temperature >= package.compounds()[compound].criticalTemperature)
+        return {};
+    return row.of(package, compound, temperature);
+}
+
+std::vector<std::string> pressurePropertyNames() { return identifiers(pressureProperties); }
+
+std::optional<double> pressureProperty(const PropertyPackage& package, std::size_t compound,
+                                       COBIA::CapeTextView identifier, double pressure) {
+    const auto& row = find(pressureProperties, identifier, "pressure-dependent compound property");
+    if (!std::isfinite(pressure) || pressure <= 0) {
+        throw COBIA::StringException()
+            << "pressure " << pressure << " Pa for '" << row.identifier << "' is not a positive number";
+    }
+    if (pressure >= package.compounds()[compound].criticalPressure) return {};
+    return package.model()
+        .atPressure(pressure, {package::Quantity::vaporFraction, 0}, alone(package, compound))
+        .temperature;
 }
 
 }  // namespace orvane::host

@@ -6,6 +6,7 @@
 #include "host/Table.h"
 #include "host/UnitSession.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
@@ -46,6 +47,15 @@ std::vector<std::string> clashes(const Json& found) {
     if (found["environment"].contains("PYTHONHOME"))
         result.push_back(
             "PYTHONHOME is set, and has no effect: the search path is that of the library above");
+    const Json& environment = found["environment"];
+    if (environment.contains("VIRTUAL_ENV") && std::ranges::none_of(found["path"], [](const Json& entry) {
+            return entry["origin"] == "VIRTUAL_ENV";
+        })) {
+        result.push_back(
+            fmt::format("VIRTUAL_ENV names '{}', which is no virtual environment of Python 3.14: its modules "
+                        "are not found",
+                        environment["VIRTUAL_ENV"].get<std::string>()));
+    }
     for (const Json& entry : found["path"]) {
         if (entry["state"] == "missing")
             result.push_back(fmt::format("'{}' of {} does not exist", entry["path"].get<std::string>(),

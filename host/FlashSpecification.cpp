@@ -57,8 +57,14 @@ Property propertyOf(ConditionKind kind) {
     throw std::logic_error("a flash condition without its property");
 }
 
-bool isSolutionType(COBIA::CapeTextView text) {
-    return matches(text, "unspecified") || matches(text, "normal");
+std::optional<package::Solution> solutionType(COBIA::CapeTextView text) {
+    if (matches(text, "unspecified") || matches(text, "normal")) return package::Solution::normal;
+    if (matches(text, "retrograde")) return package::Solution::retrograde;
+    return std::nullopt;
+}
+
+bool hasSolutionTypes(ConditionKind first, ConditionKind second) {
+    return first == ConditionKind::vaporFraction || second == ConditionKind::vaporFraction;
 }
 
 }  // namespace orvane::host

@@ -6,6 +6,8 @@
 #include "host/Property.h"
 #include "host/PropertyPackage.h"
 
+#include <optional>
+
 namespace orvane::host {
 
 /// A specification is property, basis and phase: "overall", or for the vapour fraction the label of the
@@ -15,7 +17,10 @@ ConditionKind conditionKind(COBIA::TextsView specification);
 /// The property whose value the condition takes: of the mixture, for the vapour fraction of the vapour.
 Property propertyOf(ConditionKind kind);
 
-/// Whether the package finds this solution where there are several: it knows of one, the normal one.
-bool isSolutionType(COBIA::CapeTextView text);
+/// Which solution is meant where there are several; "unspecified" is the normal one. Empty for an unknown text.
+std::optional<package::Solution> solutionType(COBIA::CapeTextView text);
+
+/// Whether there is a choice of solutions with these conditions: one of them is the vapour fraction.
+bool hasSolutionTypes(ConditionKind first, ConditionKind second);
 
 }  // namespace orvane::host

@@ -1,6 +1,5 @@
 #include "host/MaterialObject.h"
 
-#include "host/FlashSpecification.h"
 #include "host/PropertyCalculator.h"
 
 #include <algorithm>
@@ -11,7 +10,6 @@ using COBIA::CapePhaseStatus;
 using COBIA::RealsOut;
 using COBIA::StringException;
 using COBIA::TextsView;
-using COBIA::toUtf8;
 using package::PhaseKind;
 
 namespace {
@@ -169,168 +167,27 @@ void MaterialObject::twoPhaseProp(Text name, TextsView phases, Text basisText, R
                                 << label(asked.first) << "' and '" << label(asked.second)
                                 << "' was neither set nor calculated";
     }
-    values.assign(twoPhase_.values(wanted));
+    if (isPerCompound(wanted))
+        values.assign(twoPhase_.values(wanted));
+    else
+        values.resize(1)[0] = twoPhase_.value(wanted);
 }
 
 void MaterialObject::setTwoPhaseProp(Text name, TextsView phases, Text basisText, Reals values) {
     const Property given = property(name);
     basis(basisText, given);
-    if (given != Property::kvalue) {
+    if (!isTwoPhase(given)) {
         throw StringException() << "property '" << identifier(given) << "' is no two-phase property";
     }
     const PhasePair of = pair(phases);
     presentSlot(of.first);
     presentSlot(of.second);
     check(twoPhase_, given, values);
-    twoPhase_.set(given, values);
+    if (isPerCompound(given))
+        twoPhase_.set(given, values);
+    else
+        twoPhase_.set(given, values[0]);
     twoPhaseOrder_ = of;
-}
-
-// ICapeThermoPropertyRoutine
-
-void MaterialObject::calcAndGetLnPhi(Text phase, double temperature, double pressure, Reals fractions,
-                                     COBIA::CapeInteger flags, RealsOut lnPhi, RealsOut byTemperature,
-                                     RealsOut byPressure, RealsOut byAmount) {
-    const auto& equation = package().equation();
-    const package::Root root = package::root(phaseKind(phase));
-    const auto give = [&](int flag, auto member, RealsOut out) {
-        if (flags & flag)
-            out.assign((equation.*member)(temperature, pressure, fractions, root));
-        else
-            out.assign({});
-    };
-    give(1, &package::PengRobinson::lnPhi, lnPhi);
-    give(2, &package::PengRobinson::lnPhiByTemperature, byTemperature);
-    give(4, &package::PengRobinson::lnPhiByPressure, byPressure);
-    give(8, &package::PengRobinson::lnPhiByAmount, byAmount);
-}
-
-void MaterialObject::calcSinglePhaseProp(TextsView properties, Text phase) {
-    const PhaseKind kind = phaseKind(phase);
-    StateValues& values = presentSlot(kind).values;
-    wanted_.clear();
-    for (std::size_t i = 0; i < properties.size(); ++i) {
-        const Property wanted = property(properties[i]);
-        if (!isCalculated(wanted)) {
-            throw StringException() << "property '" << identifier(wanted)
-                                    << "' of a phase is set, not calculated";
-        }
-        wanted_.push_back(wanted);
-    }
-    for (const Property needed : {Property::temperature, Property::pressure, Property::fraction}) {
-        require(values, needed);
-    }
-    calculate(package(), kind, wanted_, values);
-}
-
-void MaterialObject::calcTwoPhaseProp(TextsView properties, TextsView phases) {
-    const PhasePair of = pair(phases);
-    const StateValues& first = presentSlot(of.first).values;
-    const StateValues& second = presentSlot(of.second).values;
-    for (std::size_t i = 0; i < properties.size(); ++i) {
-        if (!matches(properties[i], identifier(Property::kvalue))) {
-            throw StringException() << "two-phase property '" << toUtf8(properties[i])
-                                    << "' cannot be calculated; 'kvalue' can";
-        }
-    }
-    if (properties.size() == 0) return;
-    for (const Property needed : {Property::temperature, Property::pressure, Property::fraction}) {
-        require(first, needed);
-        require(second, needed);
-    }
-    twoPhase_.forgetAll();
-    std::vector<double> kvalues(package().size());
-    calculateKvalues(package(), of.first, first, of.second, second, kvalues);
-    twoPhase_.set(Property::kvalue, kvalues);
-    twoPhaseOrder_ = of;
-}
-
-bool MaterialObject::checkSinglePhasePropSpec(Text name, Text phase) const {
-    phaseKind(phase);
-    const auto found = findProperty(name);
-    return found && isCalculated(*found);
-}
-
-bool MaterialObject::checkTwoPhasePropSpec(Text name, TextsView phases) const {
-    pair(phases);
-    return matches(name, identifier(Property::kvalue));
-}
-
-std::vector<std::string> MaterialObject::singlePhasePropList() const {
-    std::vector<std::string> names;
-    for (const Property calculated : singlePhaseProperties()) names.emplace_back(identifier(calculated));
-    return names;
-}
-
-std::vector<std::string> MaterialObject::twoPhasePropList() const {
-    return {std::string(identifier(Property::kvalue))};
-}
-
-// ICapeThermoEquilibriumRoutine
-
-Condition MaterialObject::condition(TextsView specification) const {
-    const ConditionKind kind = conditionKind(specification);
-    const Property of = propertyOf(kind);
-    const StateValues& from = kind == ConditionKind::vaporFraction ? slot(PhaseKind::vapor).values : overall_;
-    require(from, of);
-    return {kind, from.value(of)};
-}
-
-void MaterialObject::calcEquilibrium(TextsView specification1, TextsView specification2, Text solutionType) {
-    if (!isSolutionType(solutionType)) {
-        throw StringException() << "solution type '" << toUtf8(solutionType)
-                                << "' is not supported; 'unspecified' and 'normal' are";
-    }
-    const Condition first = condition(specification1);
-    const Condition second = condition(specification2);
-    PropertyPackage::requireSupport(first.kind, second.kind);
-    require(overall_, Property::fraction);
-    for (const PhaseKind kind : phaseKinds) {
-        if (!slot(kind).present) {
-            throw StringException() << "a flash considers all phases, but phase '" << label(kind)
-                                    << "' is not declared present on " << errorSource()
-                                    << "; declare all of them with SetPresentPhases";
-        }
-    }
-    flash(first, second);
-}
-
-bool MaterialObject::checkEquilibriumSpec(TextsView specification1, TextsView specification2,
-                                          Text solutionType) const {
-    return PropertyPackage::supports(conditionKind(specification1), conditionKind(specification2)) &&
-           isSolutionType(solutionType);
-}
-
-void MaterialObject::flash(Condition first, Condition second) {
-    for (PhaseSlot& phase : phases_) {
-        phase.values.forgetAll();
-        phase.present = false;
-    }
-    twoPhase_.forgetAll();
-    warnings_.clear();
-
-    auto found = package().equilibrium(first, second, overall_.values(Property::fraction));
-
-    warnings_ = std::move(found.warnings);
-    overall_.forgetCalculated();
-    specified_.reset();
-    overall_.set(Property::temperature, found.temperature);
-    overall_.set(Property::pressure, found.pressure);
-    for (const Condition& given : {first, second}) {
-        if (const Property of = propertyOf(given.kind); basisRule(of) == BasisRule::perAmount) {
-            overall_.set(of, given.value);
-            specified_ = of;
-        }
-    }
-    for (const package::PhaseResult& result : found.phases) {
-        PhaseSlot& phase = slot(result.kind);
-        phase.present = true;
-        phase.status = CapePhaseStatus::atEquilibrium;
-        phase.values.set(Property::temperature, found.temperature);
-        phase.values.set(Property::pressure, found.pressure);
-        phase.values.set(Property::phaseFraction, result.fraction);
-        phase.values.set(Property::fraction, result.composition);
-    }
 }
 
 }  // namespace orvane::host

@@ -140,7 +140,7 @@ private:
 
     void mixtureChanged();
     Condition condition(COBIA::TextsView specification) const;
-    void flash(Condition first, Condition second);
+    void flash(Condition first, Condition second, package::Solution solution);
 
     std::string name_;
     std::string description_ = "Material stream of the orvane host";

@@ -208,7 +208,7 @@ void MaterialObject::specify(Reals fractions, double totalFlow, Condition first,
     clearAllProps();
     put(overall_, Property::fraction, Basis::mole, fractions);
     put(overall_, Property::totalFlow, Basis::mole, {&totalFlow, 1});
-    flash(first, second);
+    flash(first, second, package::Solution::normal);
 }
 
 std::vector<MaterialObject::Phase> MaterialObject::phases() const {

@@ -4,6 +4,8 @@
 #include "host/Property.h"
 
 #include <algorithm>
+#include <limits>
+#include <optional>
 
 namespace orvane::host {
 
@@ -15,20 +17,20 @@ using package::Compound;
 
 PackageObject::PackageObject(std::shared_ptr<const PropertyPackage> package) : package_(std::move(package)) {}
 
-std::vector<const Compound*> PackageObject::namedCompounds(TextsView compounds) const {
-    std::vector<const Compound*> result;
+std::vector<std::size_t> PackageObject::namedCompounds(TextsView compounds) const {
+    std::vector<std::size_t> result;
     if (compounds.size() == 0) {
-        for (const Compound& compound : package_->compounds()) result.push_back(&compound);
+        for (std::size_t i = 0; i < package_->size(); ++i) result.push_back(i);
         return result;
     }
+    const auto& all = package_->compounds();
     for (std::size_t i = 0; i < compounds.size(); ++i) {
-        const auto found = std::ranges::find_if(package_->compounds(), [&](const Compound& compound) {
-            return matches(compounds[i], compound.id);
-        });
-        if (found == package_->compounds().end()) {
+        const auto found = std::ranges::find_if(
+            all, [&](const Compound& compound) { return matches(compounds[i], compound.id); });
+        if (found == all.end()) {
             throw StringException() << "the package has no compound '" << toUtf8(compounds[i]) << "'";
         }
-        result.push_back(&*found);
+        result.push_back(static_cast<std::size_t>(found - all.begin()));
     }
     return result;
 }
@@ -38,9 +40,27 @@ void PackageObject::compoundConstants(TextsView properties, TextsView compounds,
     std::vector<COBIA::ValueObject::Content> result;
     const auto named = namedCompounds(compounds);
     for (std::size_t i = 0; i < properties.size(); ++i) {
-        for (const Compound* compound : named) result.push_back(compoundConstant(*compound, properties[i]));
+        for (const std::size_t compound : named) {
+            result.push_back(compoundConstant(package_->compounds()[compound], properties[i]));
+        }
     }
     missing = std::ranges::any_of(result, [](const auto& value) { return value.index() == 0; });
+    values.assign(result);
+}
+
+template <class Property>
+void PackageObject::dependentProperties(TextsView properties, TextsView compounds, Property property,
+                                        COBIA::CapeBoolean& missing, COBIA::RealsOut values) const {
+    std::vector<double> result;
+    missing = 0;
+    const auto named = namedCompounds(compounds);
+    for (std::size_t i = 0; i < properties.size(); ++i) {
+        for (const std::size_t compound : named) {
+            const std::optional<double> value = property(compound, properties[i]);
+            if (!value) missing = 1;
+            result.push_back(value.value_or(std::numeric_limits<double>::quiet_NaN()));
+        }
+    }
     values.assign(result);
 }
 
@@ -70,30 +90,29 @@ COBIA::CapeInteger PackageObject::compoundCount() const {
     return static_cast<COBIA::CapeInteger>(package_->size());
 }
 
-void PackageObject::pressureDependentProperties(TextsView properties, double, TextsView,
+void PackageObject::pressureDependentProperties(TextsView properties, double pressure, TextsView compounds,
                                                 COBIA::CapeBoolean& missing, COBIA::RealsOut values) const {
-    if (properties.size() != 0) {
-        throw StringException() << "unknown pressure-dependent compound property '" << toUtf8(properties[0])
-                                << "'";
-    }
-    missing = 0;
-    values.assign({});
+    dependentProperties(
+        properties, compounds,
+        [&](std::size_t compound, CapeTextView name) {
+            return pressureProperty(*package_, compound, name, pressure);
+        },
+        missing, values);
 }
 
-std::vector<std::string> PackageObject::pressureDependentPropertyNames() const { return {}; }
+std::vector<std::string> PackageObject::pressureDependentPropertyNames() const {
+    return pressurePropertyNames();
+}
 
 void PackageObject::temperatureDependentProperties(TextsView properties, double temperature,
                                                    TextsView compounds, COBIA::CapeBoolean& missing,
                                                    COBIA::RealsOut values) const {
-    std::vector<double> result;
-    const auto named = namedCompounds(compounds);
-    for (std::size_t i = 0; i < properties.size(); ++i) {
-        for (const Compound* compound : named) {
-            result.push_back(temperatureProperty(*compound, properties[i], temperature));
-        }
-    }
-    missing = 0;
-    values.assign(result);
+    dependentProperties(
+        properties, compounds,
+        [&](std::size_t compound, CapeTextView name) {
+            return temperatureProperty(*package_, compound, name, temperature);
+        },
+        missing, values);
 }
 
 std::vector<std::string> PackageObject::temperatureDependentPropertyNames() const {

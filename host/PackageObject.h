@@ -23,7 +23,7 @@ public:
     const PropertyPackage& package() const { return *package_; }
     std::shared_ptr<const PropertyPackage> sharedPackage() const { return package_; }
 
-    // ICapeThermoCompounds. No compound named means all of them.
+    // ICapeThermoCompounds. No compound named means all of them; a value that a compound has not is NaN.
     void compoundConstants(COBIA::TextsView properties, COBIA::TextsView compounds,
                            COBIA::CapeBoolean& missing, COBIA::ValuesOut values) const;
     void compoundList(COBIA::TextsOut ids, COBIA::TextsOut formulae, COBIA::TextsOut names,
@@ -31,7 +31,6 @@ public:
                       COBIA::TextsOut casNumbers) const;
     std::vector<std::string> constantProperties() const;
     COBIA::CapeInteger compoundCount() const;
-    /// The package has none.
     void pressureDependentProperties(COBIA::TextsView properties, double pressure, COBIA::TextsView compounds,
                                      COBIA::CapeBoolean& missing, COBIA::RealsOut values) const;
     std::vector<std::string> pressureDependentPropertyNames() const;
@@ -51,7 +50,11 @@ protected:
     std::string errorSource() const override { return "property package"; }
 
 private:
-    std::vector<const package::Compound*> namedCompounds(COBIA::TextsView compounds) const;
+    /// Their places in the package.
+    std::vector<std::size_t> namedCompounds(COBIA::TextsView compounds) const;
+    template <class Property>
+    void dependentProperties(COBIA::TextsView properties, COBIA::TextsView compounds, Property property,
+                             COBIA::CapeBoolean& missing, COBIA::RealsOut values) const;
 
     std::shared_ptr<const PropertyPackage> package_;
 };

@@ -32,13 +32,21 @@ constexpr std::array<Row, propertyCount> rows = {{
     {Property::density, "density", BasisRule::density},
     {Property::compressibilityFactor, "compressibilityFactor", BasisRule::none},
     {Property::speedOfSound, "speedOfSound", BasisRule::none},
+    {Property::jouleThomsonCoefficient, "jouleThomsonCoefficient", BasisRule::none},
+    {Property::viscosity, "viscosity", BasisRule::none},
+    {Property::thermalConductivity, "thermalConductivity", BasisRule::none},
     {Property::molecularWeight, "molecularWeight", BasisRule::none},
+    {Property::surfaceTension, "surfaceTension", BasisRule::none},
     {Property::fraction, "fraction", BasisRule::fraction},
     {Property::flow, "flow", BasisRule::flow},
     {Property::fugacity, "fugacity", BasisRule::none},
+    {Property::logFugacity, "logFugacity", BasisRule::none},
     {Property::fugacityCoefficient, "fugacityCoefficient", BasisRule::none},
     {Property::logFugacityCoefficient, "logFugacityCoefficient", BasisRule::none},
+    {Property::activity, "activity", BasisRule::none},
+    {Property::activityCoefficient, "activityCoefficient", BasisRule::none},
     {Property::kvalue, "kvalue", BasisRule::none},
+    {Property::logKvalue, "logKvalue", BasisRule::none},
 }};
 
 constexpr bool rowsStandInOrder() {

@@ -33,15 +33,23 @@ enum class Property : std::uint8_t {
     density,
     compressibilityFactor,
     speedOfSound,
+    jouleThomsonCoefficient,
+    viscosity,
+    thermalConductivity,
     molecularWeight,
+    surfaceTension,
     fraction,
     flow,
     fugacity,
+    logFugacity,
     fugacityCoefficient,
     logFugacityCoefficient,
+    activity,
+    activityCoefficient,
     kvalue,
+    logKvalue,
 };
-inline constexpr std::size_t propertyCount = 24;
+inline constexpr std::size_t propertyCount = 32;
 inline constexpr std::size_t scalarCount = static_cast<std::size_t>(Property::fraction);
 
 constexpr bool isPerCompound(Property property) { return property >= Property::fraction; }

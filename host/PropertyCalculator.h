@@ -19,10 +19,22 @@ bool isCalculated(Property property);
 void calculate(const PropertyPackage& package, package::PhaseKind kind, std::span<const Property> properties,
                StateValues& phase);
 
-/// K-values of two phases at their own states: phi of the second over phi of the first, which at equilibrium
-/// is x of the first over x of the second. Throws package::PackageError.
-void calculateKvalues(const PropertyPackage& package, package::PhaseKind first,
-                      const StateValues& firstValues, package::PhaseKind second,
-                      const StateValues& secondValues, std::span<double> kvalues);
+/// The properties of two phases that calculateTwoPhase() takes.
+std::span<const Property> twoPhaseProperties();
+bool isTwoPhase(Property property);
+
+/// Two phases at their own states, with temperature, pressure and fraction known.
+struct TwoPhases {
+    package::PhaseKind first;
+    const StateValues& firstValues;
+    package::PhaseKind second;
+    const StateValues& secondValues;
+};
+
+/// Calculates properties of two phases and puts them in. K-values are phi of the second over phi of the first,
+/// which at equilibrium is x of the first over x of the second; the surface tension is that of the liquid of
+/// the two. Throws package::PackageError; then nothing was put in.
+void calculateTwoPhase(const PropertyPackage& package, const TwoPhases& phases,
+                       std::span<const Property> properties, StateValues& into);
 
 }  // namespace orvane::host

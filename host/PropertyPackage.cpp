@@ -3,7 +3,6 @@
 #include "package/IdealGas.h"
 #include "package/PackageError.h"
 
-#include <array>
 #include <cmath>
 #include <fmt/format.h>
 #include <numeric>
@@ -15,17 +14,8 @@ namespace {
 /// The pressure [Pa] to which the absolute entropies of the compound table belong.
 constexpr double tablePressure = 100000;
 
-using Pair = std::pair<ConditionKind, ConditionKind>;
-constexpr std::array<Pair, 5> pairs = {{
-    {ConditionKind::temperature, ConditionKind::pressure},
-    {ConditionKind::pressure, ConditionKind::enthalpy},
-    {ConditionKind::pressure, ConditionKind::enthalpyF},
-    {ConditionKind::pressure, ConditionKind::entropy},
-    {ConditionKind::pressure, ConditionKind::entropyF},
-}};
-
-bool isPair(ConditionKind first, ConditionKind second, Pair pair) {
-    return Pair(first, second) == pair || Pair(second, first) == pair;
+bool isIntensive(ConditionKind kind) {
+    return kind == ConditionKind::temperature || kind == ConditionKind::pressure;
 }
 
 double mix(std::span<const double> moleFractions, std::span<const double> values) {
@@ -49,8 +39,8 @@ std::string_view conditionName(ConditionKind kind) {
 }
 
 PropertyPackage::PropertyPackage(std::vector<package::Compound> compounds,
-                                 const std::vector<package::Interaction>& overrides)
-    : flash_(package::PengRobinson(std::move(compounds), overrides)) {
+                                 const std::vector<package::Interaction>& overrides, std::string_view model)
+    : model_(package::makeModel(model, std::move(compounds), overrides)) {
     for (const package::Compound& compound : this->compounds()) {
         ids_.push_back(compound.id);
         molarMasses_.push_back(compound.molecularWeight * 1e-3);
@@ -70,40 +60,40 @@ double PropertyPackage::referenceEntropy(std::span<const double> moleFractions) 
 }
 
 bool PropertyPackage::supports(ConditionKind first, ConditionKind second) {
-    for (const Pair& pair : pairs) {
-        if (isPair(first, second, pair)) return true;
-    }
-    return false;
+    return first != second && (isIntensive(first) || isIntensive(second));
 }
 
 void PropertyPackage::requireSupport(ConditionKind first, ConditionKind second) {
     if (supports(first, second)) return;
-    std::string known;
-    for (const Pair& pair : pairs) {
-        if (!known.empty()) known += ", ";
-        known += fmt::format("{} and {}", conditionName(pair.first), conditionName(pair.second));
-    }
-    throw package::PackageError(fmt::format("the property package has no flash for {} and {}; it has: {}",
-                                            conditionName(first), conditionName(second), known));
+    throw package::PackageError(fmt::format(
+        "the property package has no flash for {} and {}; it has flashes for temperature and pressure, "
+        "and for either of them with vapor_fraction, enthalpy, enthalpyF, entropy, entropyF or volume",
+        conditionName(first), conditionName(second)));
 }
 
 package::Equilibrium PropertyPackage::equilibrium(Condition first, Condition second,
-                                                  std::span<const double> moleFractions) const {
+                                                  std::span<const double> moleFractions,
+                                                  package::Solution solution) const {
+    using package::Quantity;
     requireSupport(first.kind, second.kind);
-    if (second.kind == ConditionKind::pressure) std::swap(first, second);
-    switch (second.kind) {
-    case ConditionKind::temperature:
-        return flash_.temperaturePressure(second.value, first.value, moleFractions);
-    case ConditionKind::enthalpy: return flash_.pressureEnthalpy(first.value, second.value, moleFractions);
-    case ConditionKind::enthalpyF:
-        return flash_.pressureEnthalpy(first.value, second.value - formationEnthalpy(moleFractions),
-                                       moleFractions);
-    case ConditionKind::entropy: return flash_.pressureEntropy(first.value, second.value, moleFractions);
-    case ConditionKind::entropyF:
-        return flash_.pressureEntropy(first.value, second.value - referenceEntropy(moleFractions),
-                                      moleFractions);
-    default: throw std::logic_error("a supported pair of flash conditions without its flash");
+    if (!isIntensive(first.kind)) std::swap(first, second);
+    if (isIntensive(second.kind)) {
+        if (first.kind == ConditionKind::pressure) std::swap(first, second);
+        return model_->temperaturePressure(first.value, second.value, moleFractions);
     }
+    package::Target target{Quantity::vaporFraction, second.value, solution};
+    switch (second.kind) {
+    case ConditionKind::enthalpyF: target.value -= formationEnthalpy(moleFractions); [[fallthrough]];
+    case ConditionKind::enthalpy: target.quantity = Quantity::enthalpy; break;
+    case ConditionKind::entropyF: target.value -= referenceEntropy(moleFractions); [[fallthrough]];
+    case ConditionKind::entropy: target.quantity = Quantity::entropy; break;
+    case ConditionKind::volume: target.quantity = Quantity::volume; break;
+    default:
+        // What a script computes as a fraction may be above 1 by rounding.
+        if (target.value > 1 && target.value < 1 + 1e-12) target.value = 1;
+    }
+    return first.kind == ConditionKind::pressure ? model_->atPressure(first.value, target, moleFractions)
+                                                 : model_->atTemperature(first.value, target, moleFractions);
 }
 
 }  // namespace orvane::host

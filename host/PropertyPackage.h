@@ -1,9 +1,10 @@
-// The property package as the streams of a case share it: compounds, equation of state and flash, with what
-// material objects ask for at every call made ready once.
+// The property package as the streams of a case share it: compounds and model, with what material objects ask for
+// at every call made ready once.
 // Not here: the thermodynamics (package/), the state of a stream (MaterialObject).
 #pragma once
 
-#include "package/Flash.h"
+#include "package/Interaction.h"
+#include "package/Model.h"
 
 #include <memory>
 #include <span>
@@ -37,13 +38,15 @@ std::string_view conditionName(ConditionKind kind);
 /// Immutable, so threads and materials may share one.
 class PropertyPackage {
 public:
-    /// Throws package::PackageError as PengRobinson does.
+    /// model: one of package::modelNames(), letter case aside. Throws package::PackageError as package::makeModel()
+    /// does.
     PropertyPackage(std::vector<package::Compound> compounds,
-                    const std::vector<package::Interaction>& overrides);
+                    const std::vector<package::Interaction>& overrides,
+                    std::string_view model = package::modelNames().front());
 
-    std::size_t size() const { return equation().size(); }
-    const std::vector<package::Compound>& compounds() const { return equation().compounds(); }
-    const package::PengRobinson& equation() const { return flash_.equation(); }
+    std::size_t size() const { return model_->size(); }
+    const std::vector<package::Compound>& compounds() const { return model_->compounds(); }
+    const package::Model& model() const { return *model_; }
 
     /// One a compound, in order.
     const std::vector<std::string>& ids() const { return ids_; }
@@ -54,18 +57,20 @@ public:
     double formationEnthalpy(std::span<const double> moleFractions) const;
     double referenceEntropy(std::span<const double> moleFractions) const;
 
-    /// Whether equilibrium() takes this pair, in either order.
+    /// Whether equilibrium() takes this pair, in either order: temperature and pressure together, and either of them
+    /// with one of the others.
     static bool supports(ConditionKind first, ConditionKind second);
     /// Throws package::PackageError, with the pairs that there are, for one that supports() refuses.
     static void requireSupport(ConditionKind first, ConditionKind second);
 
     /// The equilibrium of one mole. Throws package::PackageError as requireSupport() does, for conditions out
     /// of range, and for a flash that does not converge.
-    package::Equilibrium equilibrium(Condition first, Condition second,
-                                     std::span<const double> moleFractions) const;
+    /// solution: where two states have the vapour fraction, and of no meaning for other conditions.
+    package::Equilibrium equilibrium(Condition first, Condition second, std::span<const double> moleFractions,
+                                     package::Solution solution = package::Solution::normal) const;
 
 private:
-    package::Flash flash_;
+    std::unique_ptr<const package::Model> model_;
     std::vector<std::string> ids_;
     std::vector<double> molarMasses_;
     std::vector<double> formationEnthalpies_;

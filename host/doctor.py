@@ -24,7 +24,7 @@ def Calculate(unit):
         "foreign": foreign_modules(entries),
         "packages": {name: version_of(name) for name in PACKAGES},
         "environment": {name: os.environ[name]
-                        for name in ("PYTHONPATH", "PYTHONHOME", "MPLBACKEND") if name in os.environ},
+                        for name in ("PYTHONPATH", "PYTHONHOME", "VIRTUAL_ENV", "MPLBACKEND") if name in os.environ},
     }
     print(json.dumps(result), file=unit.reports["doctor"])
 
@@ -34,12 +34,17 @@ def search_path():
     added = os.environ.get("PYTHONPATH")
     # The interpreter may have shortened them.
     pieces = [os.path.abspath(piece) for piece in added.split(os.pathsep)] if added else []
+    environment = os.environ.get("VIRTUAL_ENV")
+    below_environment = os.path.join(os.path.abspath(environment), "") if environment else None
     entries = []
     for path in sys.path:
         where = path or os.getcwd()
         state = ("folder" if os.path.isdir(where) else "archive" if os.path.isfile(where) else "missing")
-        entries.append({"path": path, "where": where, "state": state,
-                        "origin": "PYTHONPATH" if os.path.abspath(where) in pieces else "installation"})
+        absolute = os.path.abspath(where)
+        origin = ("PYTHONPATH" if absolute in pieces
+                  else "VIRTUAL_ENV" if below_environment and absolute.startswith(below_environment)
+                  else "installation")
+        entries.append({"path": path, "where": where, "state": state, "origin": origin})
     return entries
 
 

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 #include <thread>
@@ -36,6 +37,16 @@ public:
     std::string utf8() const {
         const std::u8string text = path_.generic_u8string();
         return std::string(text.begin(), text.end());
+    }
+    std::filesystem::path file(const std::string& name) const { return path_ / name; }
+    std::string read(const std::string& name) const {
+        std::ifstream stream(file(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    /// How many things are in it.
+    std::size_t count() const {
+        return static_cast<std::size_t>(
+            std::distance(std::filesystem::directory_iterator(path_), std::filesystem::directory_iterator()));
     }
     void write(const std::string& name, const std::string& text) const {
         const std::filesystem::path file = path_ / fromUtf8(name);

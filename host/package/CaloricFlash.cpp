@@ -2,6 +2,7 @@
 
 #include "package/IdealGas.h"
 #include "package/PackageError.h"
+#include "package/Target.h"
 
 #include <Eigen/LU>
 #include <fmt/format.h>
@@ -14,37 +15,35 @@ namespace orvane::package {
 namespace {
 
 constexpr double R = gasConstant;
-constexpr double lowestTemperature = 1;       // K
-constexpr double highestTemperature = 20000;  // K
-constexpr double aimed = 1e-13;               // of the scale that tolerance() names
-constexpr double accepted = 1e-10;            // when rounding stops the solver before
+constexpr double aimed = 1e-13;     // of the scale that tolerance() names
+constexpr double accepted = 1e-10;  // when rounding stops the solver before
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
 }  // namespace
 
 CaloricFlash::CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed,
-                           CaloricQuantity quantity, double target)
+                           Target target)
     : mixture_(mixture),
       pressure_(pressure),
       feed_(feed),
-      quantity_(quantity),
-      target_(target),
+      quantity_(target.quantity),
+      target_(target.value),
       n_(mixture.size) {}
 
 void CaloricFlash::setTemperature(double temperature) {
     isotherm_.emplace(mixture_, temperature);
-    idealValue_ = quantity_ == CaloricQuantity::enthalpy ? 0 : -R * std::log(pressure_ / referencePressure);
+    idealValue_ = quantity_ == Quantity::enthalpy ? 0 : -R * std::log(pressure_ / referencePressure);
     idealHeatCapacity_ = 0;
     for (std::size_t i = 0; i < n_; ++i) {
         const IdealGas gas(mixture_.heatCapacity[i], temperature);
-        idealValue_ += feed_[i] * (quantity_ == CaloricQuantity::enthalpy ? gas.enthalpy : gas.entropy);
+        idealValue_ += feed_[i] * (quantity_ == Quantity::enthalpy ? gas.enthalpy : gas.entropy);
         idealHeatCapacity_ += feed_[i] * gas.heatCapacity;
     }
 }
 
 double CaloricFlash::difference(const CubicPhase& phase) const {
     const auto departure = phase.departure();
-    if (quantity_ == CaloricQuantity::enthalpy) return idealValue_ + departure.enthalpy - target_;
+    if (quantity_ == Quantity::enthalpy) return idealValue_ + departure.enthalpy - target_;
     double mixing = 0;
     for (std::size_t i = 0; i < n_; ++i) mixing += feed_[i] * std::log(feed_[i]);
     return idealValue_ - R * mixing + departure.entropy - target_;
@@ -52,7 +51,7 @@ double CaloricFlash::difference(const CubicPhase& phase) const {
 
 double CaloricFlash::difference(const PhasePair& pair) const {
     const auto vapor = pair.vapor.departure(), liquid = pair.liquid.departure();
-    if (quantity_ == CaloricQuantity::enthalpy)
+    if (quantity_ == Quantity::enthalpy)
         return idealValue_ + pair.vaporAmount * vapor.enthalpy + pair.liquidAmount * liquid.enthalpy -
                target_;
     double mixing = 0;
@@ -67,14 +66,10 @@ double CaloricFlash::slope(const CubicPhase& phase) const {
     double cp, cv;
     phase.heatCapacityDepartures(cp, cv);
     const double total = idealHeatCapacity_ + cp;
-    return quantity_ == CaloricQuantity::enthalpy ? total : total / isotherm_->temperature;
+    return quantity_ == Quantity::enthalpy ? total : total / isotherm_->temperature;
 }
 
-// What a difference is measured against: the target, or R T (R) where that is larger.
-double CaloricFlash::tolerance() const {
-    const double thermal = quantity_ == CaloricQuantity::enthalpy ? R * isotherm_->temperature : R;
-    return std::max(std::abs(target_), thermal);
-}
+double CaloricFlash::tolerance() const { return scale({quantity_, target_}, isotherm_->temperature); }
 
 // The temperature at which the feed, in the stable root of one phase, has the target; or at which that root
 // changes and the value jumps across the target.
@@ -102,11 +97,9 @@ double CaloricFlash::onePhaseTemperature() {
                 return 300;  // two phases may reach what one does not; any temperature is a start then
             if (high - low <= narrow * high || std::abs(f) > accepted * tolerance())
                 throw PackageError(fmt::format(
-                    "no temperature between {} K and {} K gives {} {} at P = {} Pa: at {} K "
+                    "no temperature between {} K and {} K gives the {} {} at P = {} Pa: at {} K "
                     "it differs by {}",
-                    lowestTemperature, highestTemperature,
-                    quantity_ == CaloricQuantity::enthalpy ? "the enthalpy [J/mol]" : "the entropy [J/mol/K]",
-                    target_, pressure_, T, f));
+                    lowestTemperature, highestTemperature, describe(quantity_), target_, pressure_, T, f));
             return T;
         }
         T = next;
@@ -124,11 +117,10 @@ void CaloricFlash::pureCompound() {
     const double above = difference(pair_.vapor), below = difference(pair_.liquid);
     const double imbalance = pair_.vapor.lnPhi[0] - pair_.liquid.lnPhi[0];
     if (!(below < 0 && above > 0 && std::abs(imbalance) < 1e-9))
-        throw PackageError(
-            fmt::format("no phases of the pure compound at P = {} Pa have the {} {}: at T = {} K the "
-                        "liquid differs by {}, the vapour by {}, the logarithms of their fugacities by {}",
-                        pressure_, quantity_ == CaloricQuantity::enthalpy ? "enthalpy" : "entropy", target_,
-                        isotherm_->temperature, below, above, imbalance));
+        throw PackageError(fmt::format(
+            "no phases of the pure compound at P = {} Pa have the {} {}: at T = {} K the "
+            "liquid differs by {}, the vapour by {}, the logarithms of their fugacities by {}",
+            pressure_, describe(quantity_), target_, isotherm_->temperature, below, above, imbalance));
     pair_.vaporAmount = pair_.amounts.vapor[0] = -below / (above - below);
     pair_.liquidAmount = pair_.amounts.liquid[0] = above / (above - below);
     pair_.vaporComposition[0] = pair_.liquidComposition[0] = 1;
@@ -162,7 +154,7 @@ bool CaloricFlash::solvePair(Root vaporRoot, Root liquidRoot, double& firstStep)
         pair_.secondDerivatives(n_, scale, matrix);
         pair_.vapor.lnPhiByTemperature(vaporByT.data());
         pair_.liquid.lnPhiByTemperature(liquidByT.data());
-        const double unit = quantity_ == CaloricQuantity::enthalpy ? R * T : R;
+        const double unit = quantity_ == Quantity::enthalpy ? R * T : R;
         for (std::size_t k = 0; k < n_; ++k) {
             const auto i = static_cast<Eigen::Index>(k);
             const double vaporization =
@@ -170,7 +162,7 @@ bool CaloricFlash::solvePair(Root vaporRoot, Root liquidRoot, double& firstStep)
             matrix(i, rows) = -scale[k] * vaporization;
             matrix(rows, i) =
                 scale[k] *
-                (quantity_ == CaloricQuantity::enthalpy ? vaporization : vaporization - pair_.imbalance[k]);
+                (quantity_ == Quantity::enthalpy ? vaporization : vaporization - pair_.imbalance[k]);
             step[i] = -scale[k] * pair_.imbalance[k];
         }
         double vaporCp, liquidCp, cv;
@@ -300,8 +292,7 @@ void CaloricFlash::run() {
         }
         T = next;
     }
-    const char* const name =
-        quantity_ == CaloricQuantity::enthalpy ? "enthalpy [J/mol]" : "entropy [J/mol/K]";
+    const auto name = describe(quantity_);
     if (!low.known || !high.known) {
         const auto& end = low.known ? low : high;
         throw PackageError(

@@ -1,15 +1,14 @@
 // Finds the temperature and phases of a feed at a pressure and an enthalpy or entropy.
-// Not here: the phases at a temperature (PhaseSearch), the form of the answer (Flash).
+// Not here: the phases at a temperature (PhaseSearch), the form of the answer (PengRobinsonModel).
 #pragma once
 
 #include "package/PhaseSearch.h"
+#include "package/Target.h"
 
 #include <cstddef>
 #include <optional>
 
 namespace orvane::package {
-
-enum class CaloricQuantity { enthalpy, entropy };
 
 /// Phases of one mole of feed of n compounds, all fractions above zero, at a pressure and a molar enthalpy or
 /// entropy. First the temperature at which the feed in one phase would have it; if that is not the answer,
@@ -18,9 +17,8 @@ enum class CaloricQuantity { enthalpy, entropy };
 /// in the answer.
 class CaloricFlash {
 public:
-    /// mixture and feed live longer than this. target: J/mol or J/mol/K, zero points as in IdealGas.
-    CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed,
-                 CaloricQuantity quantity, double target);
+    /// mixture and feed live longer than this. target: an enthalpy or an entropy.
+    CaloricFlash(const MixtureParameters& mixture, double pressure, const double* feed, Target target);
 
     /// Throws PackageError when no temperature between 1 K and 20000 K gives the target, or the solver does
     /// not converge: with the temperatures and values nearest to it.
@@ -61,7 +59,7 @@ private:
     const MixtureParameters& mixture_;
     double pressure_;
     const double* feed_;
-    CaloricQuantity quantity_;
+    Quantity quantity_;
     double target_;
     std::size_t n_;
     std::optional<Isotherm> isotherm_;  // at the temperature at hand, with the ideal gas feed at it:

@@ -7,7 +7,11 @@
 
 namespace orvane::package {
 
-/// Constants of a pure compound, as data/compounds.csv gives them with their literature source.
+/// Which form of the correlation of SurfaceTension a compound takes.
+enum class SurfaceFamily { general, alcohol, acid };
+
+/// Constants of a pure compound, as data/compounds.csv and data/polarity.csv give them with their literature
+/// source.
 struct Compound {
     std::string id;       ///< lower case, hyphenated, unique in the table
     std::string name;     ///< as chemists write it
@@ -29,6 +33,10 @@ struct Compound {
     std::array<double, 5> heatCapacity{};
     double heatCapacityMinimumTemperature = 0;  ///< K, range of the polynomial as its source states it
     double heatCapacityMaximumTemperature = 0;  ///< K
+
+    double dipoleMoment = 0;  ///< debye
+    double association = 0;   ///< of DenseFluid, for compounds that form hydrogen bonds
+    SurfaceFamily surfaceFamily = SurfaceFamily::general;
 
     std::string source;  ///< literature of each group of figures
     std::string notes;   ///< flags, often empty

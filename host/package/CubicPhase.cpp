@@ -17,6 +17,17 @@ constexpr double delta1 =
     1 + std::numbers::sqrt2;  // the cubic's attractive term is a / ((V + d1 B)(V + d2 B))
 constexpr double delta2 = 1 - std::numbers::sqrt2;
 
+// A symmetric matrix times a vector, row by row into all sums: its additions need not wait for each other, as those
+// of a sum along a row would.
+void multiplySymmetric(const double* matrix, const double* vector, double* out, std::size_t n) {
+    for (std::size_t j = 0; j < n; ++j) out[j] = matrix[j] * vector[0];
+    for (std::size_t i = 1; i < n; ++i) {
+        const double* row = matrix + i * n;
+        const double factor = vector[i];
+        for (std::size_t j = 0; j < n; ++j) out[j] += row[j] * factor;
+    }
+}
+
 }  // namespace
 
 Isotherm::Isotherm(const MixtureParameters& parameters, double T) : mixture(parameters), temperature(T) {
@@ -45,14 +56,9 @@ void CubicPhase::solve(const Isotherm& isotherm, double pressure, const double* 
         weighted[i] = isotherm.rootA[i] * x[i];
         b += x[i] * mixture.covolume[i];
     }
+    multiplySymmetric(mixture.oneMinusInteraction.data(), weighted.data(), attraction_.data(), n);
     a = 0;
-    const double* row = mixture.oneMinusInteraction.data();
-    for (std::size_t i = 0; i < n; ++i, row += n) {
-        double sum = 0;
-        for (std::size_t j = 0; j < n; ++j) sum += row[j] * weighted[j];
-        attraction_[i] = sum;
-        a += weighted[i] * sum;
-    }
+    for (std::size_t i = 0; i < n; ++i) a += weighted[i] * attraction_[i];
 
     const double RT = R * T;
     const double A = a * pressure / (RT * RT), B = b * pressure / RT;
@@ -127,11 +133,9 @@ struct AttractionByTemperature {
         const std::size_t n = mixture.size;
         CompoundArray weighted;
         for (std::size_t i = 0; i < n; ++i) weighted[i] = isotherm.rootAByT[i] * x[i];
-        const double* row = mixture.oneMinusInteraction.data();
-        for (std::size_t i = 0; i < n; ++i, row += n) {
-            double sum = 0;
-            for (std::size_t j = 0; j < n; ++j) sum += row[j] * weighted[j];
-            slopes[i] = sum;
+        multiplySymmetric(mixture.oneMinusInteraction.data(), weighted.data(), slopes.data(), n);
+        for (std::size_t i = 0; i < n; ++i) {
+            const double sum = slopes[i];
             aT += 2 * weighted[i] * attraction[i];
             aTT += 2 * (isotherm.rootAByTT[i] * x[i] * attraction[i] + weighted[i] * sum);
         }
@@ -144,6 +148,12 @@ double CubicPhase::pressureByVolume() const {
     const VolumeDerivatives d(*this);
     const double T = isotherm_->temperature;
     return -R * T / (free_ * free_) + R * a * d.fVV;
+}
+
+double CubicPhase::pressureByTemperature() const {
+    const VolumeDerivatives d(*this);
+    const AttractionByTemperature t(*isotherm_, x_, attraction_);
+    return R / free_ + R * t.aT * d.fV;
 }
 
 Departure CubicPhase::departure() const {

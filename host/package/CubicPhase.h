@@ -5,9 +5,15 @@
 #include "package/MixtureParameters.h"
 #include "package/PengRobinson.h"
 
+#include <cmath>
 #include <cstddef>
+#include <numbers>
 
 namespace orvane::package {
+
+/// v / b of a pure compound at its critical point, 3.951, from the criticality conditions of the equation.
+inline const double criticalReducedVolume =
+    1 + std::cbrt(4 - 2 * std::numbers::sqrt2) + std::cbrt(4 + 2 * std::numbers::sqrt2);
 
 /// The parameters of a mixture at one temperature, shared by all phases at it.
 struct Isotherm {
@@ -44,9 +50,11 @@ public:
     double reducedVolume() const { return volume / b; }
 
     Departure departure() const;
-    /// Departure of Cp and Cv [J/mol/K] from the ideal gas; derivative of pressure by volume [Pa mol/m3].
+    /// Departure of Cp and Cv [J/mol/K] from the ideal gas; derivative of pressure by volume [Pa mol/m3] at
+    /// constant temperature.
     void heatCapacityDepartures(double& cp, double& cv) const;
     double pressureByVolume() const;
+    double pressureByTemperature() const;  ///< at constant volume [Pa/K]
 
     void lnPhiByTemperature(double* out) const;  ///< 1/K
     void lnPhiByPressure(double* out) const;     ///< 1/Pa

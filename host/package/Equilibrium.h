@@ -1,5 +1,5 @@
-// What a flash finds: the phases that are present, their amounts and compositions.
-// Not here: how it is found (Flash).
+// The answer of a flash: the phases of a feed, their amounts and compositions.
+// Not here: how it is found (Model).
 #pragma once
 
 #include "package/PengRobinson.h"
@@ -13,10 +13,10 @@ namespace orvane::package {
 enum class PhaseKind { vapor, liquid };
 
 /// The label of a phase in the package: "Vapor" or "Liquid".
-std::string_view label(PhaseKind kind);
+constexpr std::string_view label(PhaseKind kind) { return kind == PhaseKind::vapor ? "Vapor" : "Liquid"; }
 
 /// The root of the cubic that belongs to a phase of this name.
-Root root(PhaseKind kind);
+constexpr Root root(PhaseKind kind) { return kind == PhaseKind::vapor ? Root::vaporLike : Root::liquidLike; }
 
 struct PhaseResult {
     PhaseKind kind;
@@ -31,13 +31,11 @@ struct Equilibrium {
     std::vector<PhaseResult> phases;  ///< one or two, the vapour first
     double vaporFraction = 0;         ///< moles of vapour per mole of feed, 0 to 1
     int iterations = 0;  ///< evaluations of the equation of state for a pair of phases, all solvers
-    /// What the user should know of the answer; see Flash on second liquids.
+    /// What the user should know of the answer; see PengRobinsonModel on second liquids.
     std::vector<std::string> warnings;
+    /// Not empty, with both liquids, when the phases are two liquids: an answer that only Model::phasesAt()
+    /// gives.
+    std::string refusal;
 };
-
-/// Enthalpy [J/mol], entropy [J/mol/K] and volume [m3/mol] of one mole of feed over all phases.
-double enthalpy(const PengRobinson& equation, const Equilibrium& equilibrium);
-double entropy(const PengRobinson& equation, const Equilibrium& equilibrium);
-double volume(const PengRobinson& equation, const Equilibrium& equilibrium);
 
 }  // namespace orvane::package

@@ -1,5 +1,6 @@
 #include "package/PengRobinson.h"
 
+#include "package/Checks.h"
 #include "package/CompoundTable.h"
 #include "package/CubicPhase.h"
 #include "package/PackageError.h"
@@ -17,12 +18,6 @@ double kappa(double acentricFactor) {
     return 0.37464 + (1.54226 - 0.26992 * acentricFactor) * acentricFactor;
 }
 
-void requirePositive(const Compound& compound, double value, const char* constant) {
-    if (!(value > 0) || !std::isfinite(value))
-        throw PackageError(fmt::format("the equation of state needs the {} of {}, and {} is none", constant,
-                                       compound.id, value));
-}
-
 std::size_t indexOf(const std::vector<Compound>& compounds, const std::string& id) {
     const auto found = std::ranges::find(compounds, id, &Compound::id);
     if (found == compounds.end())
@@ -35,24 +30,13 @@ std::size_t indexOf(const std::vector<Compound>& compounds, const std::string& i
 
 PengRobinson::PengRobinson(std::vector<Compound> compounds, const std::vector<Interaction>& overrides)
     : compounds_(std::move(compounds)) {
+    checkCompounds(compounds_);
     const std::size_t n = compounds_.size();
-    if (n == 0 || n > maxCompounds)
-        throw PackageError(fmt::format("a mixture has 1 to {} compounds, not {}", maxCompounds, n));
     const auto& table = CompoundTable::instance();
     auto& p = parameters_;
     p.size = n;
     for (std::size_t i = 0; i < n; ++i) {
         const auto& compound = compounds_[i];
-        requirePositive(compound, compound.criticalTemperature, "critical temperature");
-        requirePositive(compound, compound.criticalPressure, "critical pressure");
-        requirePositive(compound, compound.molecularWeight, "molecular weight");
-        if (!std::isfinite(compound.acentricFactor))
-            throw PackageError(
-                fmt::format("the equation of state needs the acentric factor of {}", compound.id));
-        for (std::size_t j = 0; j < i; ++j)
-            if (compounds_[j].id == compound.id)
-                throw PackageError(fmt::format("the compound {} is in the mixture twice", compound.id));
-
         const double Tc = compound.criticalTemperature, Pc = compound.criticalPressure;
         const double RTc = gasConstant * Tc;
         const double m = kappa(compound.acentricFactor);
@@ -82,38 +66,15 @@ double PengRobinson::interaction(std::size_t i, std::size_t j) const {
     return 1 - parameters_.oneMinusInteraction.at(i * size() + j);
 }
 
-void PengRobinson::checkComposition(std::span<const double> x) const {
-    if (x.size() != size())
-        throw PackageError(fmt::format("{} mole fractions are given for {} compounds", x.size(), size()));
-    double sum = 0;
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        if (!(x[i] >= 0) || !std::isfinite(x[i]))
-            throw PackageError(fmt::format("the mole fraction of {} is {}", compounds_[i].id, x[i]));
-        sum += x[i];
-    }
-    if (!(std::abs(sum - 1) <= 1e-9))
-        throw PackageError(fmt::format("the mole fractions sum to {}, not to 1", sum));
-}
-
-void PengRobinson::checkTemperature(double temperature) const {
-    if (!(temperature > 0) || !std::isfinite(temperature))
-        throw PackageError(fmt::format("the temperature must be positive, not {} K", temperature));
-}
-
-void PengRobinson::checkPressure(double pressure) const {
-    if (!(pressure > 0) || !std::isfinite(pressure))
-        throw PackageError(fmt::format("the pressure must be positive, not {} Pa", pressure));
-}
-
 namespace {
 
 // Checks the state, solves for the root and lets `use` read what it wants of the phase.
 template <class Use>
 auto withPhase(const PengRobinson& equation, double T, double P, std::span<const double> x, Root root,
                Use use) {
-    equation.checkTemperature(T);
-    equation.checkPressure(P);
-    equation.checkComposition(x);
+    checkTemperature(T);
+    checkPressure(P);
+    checkComposition(equation.compounds(), x);
     const Isotherm isotherm(equation.parameters(), T);
     CubicPhase phase;
     phase.solve(isotherm, P, x.data(), root);

@@ -1,7 +1,7 @@
 // The Peng-Robinson equation of state of a mixture: fugacity coefficients, volume and departures of one
 // phase.
 // Not here: ideal gas properties (IdealGas), all properties of a phase together (PhaseProperties),
-// equilibrium (Flash).
+// equilibrium (PengRobinsonModel).
 #pragma once
 
 #include "package/Compound.h"
@@ -75,11 +75,6 @@ public:
 
     /// What the solvers of the package work with.
     const MixtureParameters& parameters() const { return parameters_; }
-
-    /// Throw PackageError unless the argument is one that the members above take; see the class.
-    void checkTemperature(double temperature) const;
-    void checkPressure(double pressure) const;
-    void checkComposition(std::span<const double> x) const;
 
 private:
     std::vector<Compound> compounds_;

@@ -6,17 +6,13 @@
 #include <fmt/format.h>
 
 #include <cmath>
-#include <numbers>
 
 namespace orvane::package {
 namespace {
 
 // a / (b R T) of a pure compound at its critical point; it falls as the temperature rises.
 constexpr double criticalAttraction = omegaA / omegaB;
-// v / b of a pure compound at its critical point, from the criticality conditions of the equation of state.
-const double criticalReducedVolume =
-    1 + std::cbrt(4 - 2 * std::numbers::sqrt2) + std::cbrt(4 + 2 * std::numbers::sqrt2);
-constexpr double liquidReducedVolume = 1.75;  // see Flash
+constexpr double liquidReducedVolume = 1.75;  // see PengRobinsonModel
 
 // G of two phases may exceed that of one by rounding, where the lesser phase is very small.
 constexpr double gibbsRounding = 1e-12;

@@ -1,5 +1,5 @@
 // Finds the phases of a feed at a temperature and pressure.
-// Not here: the two solvers it uses (StabilityTest, TwoPhaseSplit), the form of the answer (Flash).
+// Not here: the two solvers it uses (StabilityTest, TwoPhaseSplit), the form of the answer (PengRobinsonModel).
 #pragma once
 
 #include "package/Equilibrium.h"
@@ -10,7 +10,7 @@
 
 namespace orvane::package {
 
-/// The phases of one mole of feed of n compounds, all fractions above zero, by the rules stated at Flash.
+/// The phases of one mole of feed of n compounds, all fractions above zero, by the rules stated at PengRobinsonModel.
 class PhaseSearch {
 public:
     /// The feed and the isotherm live longer than this.

@@ -3,8 +3,8 @@
 #include "package/Cubic.h"
 #include "package/PackageError.h"
 #include "package/PhasePair.h"
+#include "package/SmallCholesky.h"
 
-#include <Eigen/Cholesky>
 #include <Eigen/Eigenvalues>
 #include <fmt/format.h>
 
@@ -16,7 +16,7 @@ namespace orvane::package {
 namespace {
 
 constexpr int maxSteps = 300;
-constexpr int substitutions = 3;  // before Newton's method
+constexpr int substitutions = 7;  // before Newton's method
 constexpr double finestGradient = 1e-12;
 constexpr double acceptedGradient = 1e-8;  // when steps no longer make it smaller
 
@@ -25,16 +25,32 @@ constexpr double acceptedGradient = 1e-8;  // when steps no longer make it small
 struct DensePure {
     double lnPhi, reducedVolume;
 
-    DensePure(const Isotherm& isotherm, double pressure, std::size_t i) {
+    DensePure(const Isotherm& isotherm, double pressure, std::size_t i) : isotherm_(isotherm), i_(i) {
         constexpr double root2 = std::numbers::sqrt2;
         const double RT = gasConstant * isotherm.temperature;
         const double A = isotherm.rootA[i] * isotherm.rootA[i] * pressure / (RT * RT);
         const double B = isotherm.mixture.covolume[i] * pressure / RT;
         const double u = CubicRoots(A, B).smallest;
         const double logTerm = std::log1p(2 * root2 * B / (u + (2 - root2) * B)) / (2 * root2 * B);
-        lnPhi = u + B - 1 - std::log(u) - A * logTerm;
+        lnU_ = std::log(u);
+        lnPhi = u + B - 1 - lnU_ - A * logTerm;
+        perCovolume_ = (u + B - 1 + A * logTerm) / isotherm.mixture.covolume[i];
+        perAttraction_ = 2 * logTerm * pressure / (RT * RT) * isotherm.rootA[i];
         reducedVolume = (u + B) / B;
     }
+
+    // lnPhi of each compound at infinite dilution in this one.
+    void infiniteDilution(double* out) const {
+        const auto& mixture = isotherm_.mixture;
+        const double* row = mixture.oneMinusInteraction.data() + i_ * mixture.size;
+        for (std::size_t j = 0; j < mixture.size; ++j)
+            out[j] = mixture.covolume[j] * perCovolume_ - lnU_ - perAttraction_ * row[j] * isotherm_.rootA[j];
+    }
+
+private:
+    const Isotherm& isotherm_;
+    std::size_t i_;
+    double lnU_, perCovolume_, perAttraction_;
 };
 
 }  // namespace
@@ -66,6 +82,14 @@ bool StabilityTest::isKnown(const CompoundArray& W) const {
     return same(known_) || (otherKnown_ && same(otherKnown_));
 }
 
+// Whether w is about to become the stationary point that another start has led to.
+bool StabilityTest::isFound(const CompoundArray& w) const {
+    if (!std::isfinite(found_.distance)) return false;
+    for (std::size_t i = 0; i < n_; ++i)
+        if (std::abs(w[i] - found_.composition[i]) > 1e-3 * (w[i] + 1e-4)) return false;
+    return true;
+}
+
 void StabilityTest::keep(double tm, const CompoundArray& W, double total) {
     if (!(tm < found_.distance)) return;
     found_.distance = tm;
@@ -94,10 +118,11 @@ bool StabilityTest::minimise(const CompoundArray& start) {
         for (std::size_t i = 0; i < n_; ++i) {
             gradient[i] = lnW[i] + phase_.lnPhi[i] - d_[i];
             tm += W[i] * gradient[i];
-            error = std::max(error, std::sqrt(W[i]) * std::abs(gradient[i]));
+            error = std::max(error, W[i] * gradient[i] * gradient[i]);
             slope += (W[i] - known_[i]) * gradient[i];
             if (otherKnown_) otherSlope += (W[i] - otherKnown_[i]) * gradient[i];
         }
+        error = std::sqrt(error);
         if (tm > tmBefore + 1e-14 * total && length > 1e-3) {
             length *= 0.3;
             for (std::size_t i = 0; i < n_; ++i) lnW[i] = before[i] + length * direction[i];
@@ -120,6 +145,8 @@ bool StabilityTest::minimise(const CompoundArray& start) {
             return s > 0 && tm > 0 && tm < 1e-3 && std::abs(2 * tm / s - 1) < 0.1;
         };
         if (steps >= 2 && (nears(slope) || (otherKnown_ && nears(otherSlope)))) return false;
+
+        if (steps >= 2 && isFound(w)) return false;
 
         if (steps++ < substitutions) {
             for (std::size_t i = 0; i < n_; ++i) direction[i] = -gradient[i];
@@ -159,16 +186,18 @@ double StabilityTest::newton(const CompoundArray& W, const CompoundArray& gradie
         downhill[static_cast<Eigen::Index>(i)] = -root[i] * gradient[i];
     }
     const double longest = std::sqrt(std::max(1.0, total));  // half of what all W together measure
-    double gain = 0;
-    for (double shift = 0;; shift = std::max(0.1, 3 * shift)) {
+    double gain = 0, atLeast = 0;
+    for (double shift = 0;; shift = std::max({0.1, 3 * shift, atLeast})) {
         factor = second;
         factor.diagonal().array() += shift;
-        const Eigen::LLT<Eigen::Ref<SmallMatrix>> cholesky(factor);
-        if (cholesky.info() != Eigen::Success) continue;
+        if (!factorise(factor)) continue;
         step = downhill;
-        cholesky.solveInPlace(step);
+        solveFactorised(factor, step);
         gain = shift > 0 ? std::numeric_limits<double>::infinity() : 0.5 * downhill.dot(step);
-        if (step.norm() <= longest) break;
+        const double size = step.norm();
+        if (size <= longest) break;
+        // A step so much too long takes a shift larger by this, if the second derivatives are alike all around.
+        atLeast = shift + downhill.norm() * (1 / longest - 1 / size);
     }
     static constexpr double farthest = 5;  // the quadratic model says nothing beyond
     const auto within = [](double change) { return std::clamp(change, -farthest, farthest); };
@@ -215,7 +244,7 @@ bool StabilityTest::tryCurvature() {
     phase_.solve(isotherm_, pressure_, known_, Root::stable);
     curvature(known_, 1, second);
     SmallMatrix factor = second;
-    if (Eigen::LLT<Eigen::Ref<SmallMatrix>>(factor).info() == Eigen::Success) return false;
+    if (factorise(factor)) return false;
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> eigen(second);
     for (const double sign : {0.1, -0.1}) {
         CompoundArray lnW;
@@ -253,11 +282,8 @@ bool StabilityTest::tryPureCompounds() {
         if (d_[i] - alone.lnPhi < farAbove - perCovolume * isotherm_.mixture.covolume[i] ||
             (gasKnown_ && alone.reducedVolume > thinGas))
             continue;
-        CompoundArray pure{};
-        pure[i] = 1;
-        phase_.solve(isotherm_, pressure_, pure.data(), Root::liquidLike);
-        ++evaluations_;
-        for (std::size_t j = 0; j < n_; ++j) lnW[j] = d_[j] - phase_.lnPhi[j];
+        alone.infiniteDilution(lnW.data());
+        for (std::size_t j = 0; j < n_; ++j) lnW[j] = d_[j] - lnW[j];
         if (minimise(lnW)) return true;
     }
     return false;

@@ -74,6 +74,7 @@ private:
                   CompoundArray& direction);
     void curvature(const double* W, double total, SmallMatrix& out) const;
     bool isKnown(const CompoundArray& W) const;
+    bool isFound(const CompoundArray& w) const;
     void keep(double tm, const CompoundArray& W, double total);
 
     const Isotherm& isotherm_;

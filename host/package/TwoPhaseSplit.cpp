@@ -1,6 +1,7 @@
 #include "package/TwoPhaseSplit.h"
 
-#include <Eigen/Cholesky>
+#include "package/SmallCholesky.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -76,10 +77,9 @@ bool TwoPhaseSplit::newton(double& length) {
     for (double shift = 0; shift < 1e3; shift = std::max(1e-3, 10 * shift)) {
         factor = second;
         factor.diagonal().array() += shift;
-        const Eigen::LLT<Eigen::Ref<SmallMatrix>> cholesky(factor);
-        if (cholesky.info() != Eigen::Success) continue;
+        if (!factorise(factor)) continue;
         SmallVector step = gradient;
-        cholesky.solveInPlace(step);
+        solveFactorised(factor, step);
         length = 0;
         for (Eigen::Index i = 0; i < rows; ++i) {
             const auto k = static_cast<std::size_t>(i);

@@ -11,6 +11,7 @@ NUMBERS = ["molecular_weight", "normal_boiling_point", "critical_temperature", "
 HEAT_CAPACITY = ["cp_a0", "cp_a1", "cp_a2", "cp_a3", "cp_a4"]
 RANGE = ["cp_tmin", "cp_tmax"]
 REMARKS = ["source", "notes"]
+FAMILIES = ["general", "alcohol", "acid"]
 
 
 def rows(path):
@@ -30,11 +31,15 @@ def text(value):
     return json.dumps(value, ensure_ascii=False)  # quotes as C++ does
 
 
-def compound(row):
+def compound(row, polarity):
     fields = [text(row[c]) for c in TEXT]
     fields += [number(row[c]) for c in NUMBERS]
     fields.append("{" + ", ".join(number(row[c]) for c in HEAT_CAPACITY) + "}")
     fields += [number(row[c]) for c in RANGE]
+    fields += [number(polarity[c]) for c in ("dipole_moment", "association")]
+    if polarity["surface_family"] not in FAMILIES:
+        raise SystemExit(f"polarity.csv: {polarity['surface_family']} of {row['id']} is none of {FAMILIES}")
+    fields.append("SurfaceFamily::" + polarity["surface_family"])
     fields += [text(row[c]) for c in REMARKS]
     return "        {" + ", ".join(fields) + "},\n"
 
@@ -44,6 +49,9 @@ def main(data, output):
     ids = {row["id"] for row in compounds}
     if len(ids) != len(compounds):
         raise SystemExit("compounds.csv: an id stands there twice")
+    polarities = {row["id"]: row for row in rows(data / "polarity.csv")}
+    if polarities.keys() != ids:
+        raise SystemExit(f"polarity.csv: {sorted(polarities.keys() ^ ids)} stand in one table only")
     pairs = list(rows(data / "binary-interaction.csv"))
     for pair in pairs:
         for column in ("compound_1", "compound_2"):
@@ -52,7 +60,7 @@ def main(data, output):
 
     source = '// Made by tables.py from data/*.csv.\n#include "package/CompoundTableData.h"\n\n'
     source += "namespace orvane::package {\n\nstd::vector<Compound> compoundRows() {\n    return {\n"
-    source += "".join(map(compound, compounds))
+    source += "".join(compound(row, polarities[row["id"]]) for row in compounds)
     source += "    };\n}\n\nstd::vector<Interaction> interactionRows() {\n    return {\n"
     source += "".join(f"        {{{text(p['compound_1'])}, {text(p['compound_2'])}, {number(p['kij'])}}},\n"
                       for p in pairs)

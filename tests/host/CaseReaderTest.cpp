@@ -1,5 +1,6 @@
 // Case files: what they mean, and what is said about wrong ones.
 #include "host/CaseReader.h"
+#include "package/PengRobinsonModel.h"
 
 #include <doctest/doctest.h>
 #include <string>
@@ -57,7 +58,9 @@ composition = [0, 1]
 )",
                                    "case.toml");
     CHECK(read.package->ids() == std::vector<std::string>{"methane", "propane"});
-    CHECK(read.package->equation().interaction(0, 1) == 0.25);
+    CHECK(dynamic_cast<const orvane::package::PengRobinsonModel&>(read.package->model())
+              .equation()
+              .interaction(0, 1) == 0.25);
     CHECK(read.unitName == "Heater");
     CHECK(!read.script);
 
@@ -177,7 +180,12 @@ TEST_CASE("A wrong case file is refused with its line and the way out") {
         {package + "[streams.F]\ntemperature = -5\npressure = 1\n", 4,
          "'temperature' is -5, which is not positive"},
         {package + "[streams.F]\ntemperature = \"5\"\n", 4, "'temperature' is to be a number, not a text"},
-        {package + "[streams.F]\ntemperature = 300\nenthalpy = 1\n", 3, "temperature and enthalpy together"},
+        {package + "[streams.F]\nentropy = 300\nenthalpy = 1\n", 3, "enthalpy and entropy together"},
+        {package + "[streams.F]\ntemperature = 300\nvapor_fraction = 1.5\n", 5, "'vapor_fraction' is 1.5"},
+        {"[package]\nmodel = \"NRTL\"\ncompounds = [\"water\"]\n", 2, "known: 'Peng-Robinson', 'ideal'"},
+        {"[package]\nmodel = \"ideal\"\ncompounds = [\"water\", \"methane\"]\n"
+         "[[package.interaction]]\npair = [\"water\", \"methane\"]\nkij = 0.1\n",
+         3, "takes no interaction parameters"},
         {package + "[streams.F]\ntemperature = 300\npressure = 1\nflow_rate = -1\n", 6, "'flow_rate' is -1"},
         {package + "[energies.F]\n", 3, "unknown key 'energies', did you mean 'energy'?"},
         {package + "[energy.F]\nwrk = 1\n", 4, "unknown key 'wrk' in [energy.F], did you mean 'work'?"},

@@ -125,7 +125,7 @@ TEST_CASE("The doctor tells of the module, of Python, of the search path and its
     const std::string path = folder.file("mine.py").parent_path().string();
     const std::string missing = std::filesystem::absolute("/no/such/folder").make_preferred().string();
     const Finished clashing =
-        command({"doctor", "--json"}, {"PYTHONPATH=" + path + "/" + orvane::test::listSeparator + missing});
+        command({"doctor", "--json"}, {"PYTHONPATH=" + path + "/" + orvane::test::listSeparator + missing, "VIRTUAL_ENV="});
     REQUIRE_MESSAGE(clashing.exitCode == 0, clashing.error);
     const json result = json::parse(clashing.out);
     const auto& entries = result["path"];
@@ -142,6 +142,15 @@ TEST_CASE("The doctor tells of the module, of Python, of the search path and its
     CHECK(holds(all, "module 'random' in '" + path));
     CHECK(!holds(all, "'mine'"));
     CHECK(holds(all, "fast.cpython-39-x86_64-linux-gnu.so' was compiled for another version of Python"));
+
+    folder.write("pyvenv.cfg", "version = 3.14.1\n");
+    const std::string environment = "VIRTUAL_ENV=" + path;
+    CHECK(holds(command({"doctor"}, {environment}).out,
+                "VIRTUAL_ENV names '" + path + "', which is no virtual"));
+    std::filesystem::create_directories(folder.file("lib/python3.14/site-packages"));
+    const Finished joined = command({"doctor"}, {environment});
+    CHECK(lineOf(joined.out, "  " + path + "/lib/python3.14").ends_with("VIRTUAL_ENV"));
+    CHECK(!holds(joined.out, "no virtual environment"));
 
     const Finished none = command({"doctor", "--module", folder.file("none.so").string()});
     CHECK(none.exitCode == 3);

@@ -11,6 +11,8 @@ using Texts = std::vector<std::string>;
 
 namespace {
 
+const TestMaterial::Specification byVaporFraction = {"phaseFraction", "mole", "Vapor"};
+
 // At 300 K and 20 bar vapour and liquid, at 400 K and 1 bar gas, at 250 K and 100 bar liquid.
 const std::vector<double> feed = {0.4, 0.3, 0.3};
 
@@ -231,6 +233,84 @@ TEST_CASE("What was calculated from an old state does not outlive it") {
     }
 }
 
+TEST_CASE("Every condition that a unit can ask for leads back to the state, on a mole and a mass basis") {
+    for (const char* basis : {"mole", "mass"}) {
+        CAPTURE(std::string(basis));
+        const TestMaterial material;
+        material.flash(feed, 300, 20e5);
+        const double fraction = material.of("Vapor", "phaseFraction", basis).at(0);
+        const auto again = [&](const TestMaterial::Specification& first,
+                               const TestMaterial::Specification& second) {
+            material.setPresent({"Vapor", "Liquid"});
+            if (second[0] == "phaseFraction") material.setOf("Vapor", "phaseFraction", "mole", {fraction});
+            material.equilibrium(first, second);
+            CHECK(material.overall("temperature").at(0) == Approx(300).epsilon(1e-7));
+            CHECK(material.overall("pressure").at(0) == Approx(20e5).epsilon(1e-7));
+        };
+        for (const char* property : {"enthalpy", "enthalpyF", "entropy", "entropyF", "volume"}) {
+            CAPTURE(std::string(property));
+            double value = 0;
+            for (const char* phase : {"Vapor", "Liquid"}) {
+                material.calculate({property}, phase);
+                value += material.of(phase, "phaseFraction", basis).at(0) *
+                         material.of(phase, property, basis).at(0);
+            }
+            for (const auto& given : {TestMaterial::byPressure, TestMaterial::byTemperature}) {
+                material.setOverall(property, basis, {value});
+                again(given, {property, basis, "overall"});
+            }
+        }
+        if (std::string(basis) == "mass") continue;
+        again(TestMaterial::byPressure, byVaporFraction);
+        again(TestMaterial::byTemperature, byVaporFraction);
+    }
+}
+
+TEST_CASE("Every property that is offered of a phase or two is calculated and read on its bases") {
+    const TestMaterial material;
+    material.flash(feed, 300, 20e5);
+    const auto routine = COBIA::query<TestMaterial::Routine>(material.material);
+    COBIA::StringArray offered, offeredOfTwo;
+    COBIA::call<&TestMaterial::Routine::Table::getSinglePhasePropList>(routine, offered.out());
+    COBIA::call<&TestMaterial::Routine::Table::getTwoPhasePropList>(routine, offeredOfTwo.out());
+    CHECK(offered.utf8().size() >= 23);
+    for (const char* phase : {"Vapor", "Liquid"}) {
+        const double weight = [&] {
+            material.calculate({"molecularWeight"}, phase);
+            return material.of(phase, "molecularWeight").at(0) * 1e-3;
+        }();
+        for (const auto& name : offered.utf8()) {
+            CAPTURE(name);
+            material.calculate({name}, phase);
+            const bool plain = errorOf([&] { material.of(phase, name); }).empty();
+            const bool perAmount = errorOf([&] { material.of(phase, name, "mass"); }).empty();
+            CHECK(plain != perAmount);  // it has a basis, or none
+            for (const double value : material.of(phase, name, plain ? "" : "mole"))
+                CHECK(std::isfinite(value));
+            if (!perAmount) continue;
+            const double ratio = name == "density" ? 1 / weight : weight;
+            CHECK(material.of(phase, name, "mass").at(0) * ratio ==
+                  Approx(material.of(phase, name, "mole").at(0)));
+        }
+    }
+    for (const auto& name : offeredOfTwo.utf8()) {
+        CAPTURE(name);
+        COBIA::call<&TestMaterial::Routine::Table::CalcTwoPhaseProp>(
+            routine, COBIA::StringArray({name}).in(), COBIA::StringArray({"Vapor", "Liquid"}).in());
+        COBIA::RealArray values;
+        COBIA::call<&TestMaterial::Material::Table::GetTwoPhaseProp>(
+            material.material, COBIA::StringObject(name).in(), COBIA::StringArray({"Vapor", "Liquid"}).in(),
+            COBIA::StringObject().in(), values.out());
+        CHECK(values.view().size() == (name == "surfaceTension" ? 1 : 3));
+    }
+    material.calculate({"activityCoefficient", "activity"}, "Liquid");
+    const auto gamma = material.of("Liquid", "activityCoefficient"),
+               activity = material.of("Liquid", "activity");
+    const auto x = material.of("Liquid", "fraction", "mole");
+    for (std::size_t i = 0; i < 3; ++i) CHECK(activity[i] == Approx(gamma[i] * x[i]));
+    CHECK(gamma[2] == Approx(1).epsilon(0.1));  // the solvent, nearly pure
+}
+
 TEST_CASE("A flash that the package does not have is refused and asks to be told so") {
     const TestMaterial material;
     material.flash(feed, 300, 20e5);
@@ -244,15 +324,23 @@ TEST_CASE("A flash that the package does not have is refused and asks to be told
     };
     CHECK(supported(TestMaterial::byEnthalpy, TestMaterial::byPressure, "Unspecified"));
     CHECK(!supported(TestMaterial::byTemperature, TestMaterial::byPressure, "retrograde"));
-    CHECK(!supported(TestMaterial::byTemperature, {"volume", "mole", "overall"}, "unspecified"));
+    CHECK(!supported(TestMaterial::byEnthalpy, {"volume", "mole", "overall"}, "unspecified"));
+    CHECK(!supported(TestMaterial::byEnthalpy, byVaporFraction, "unspecified"));
+    CHECK(!supported(TestMaterial::byTemperature, TestMaterial::byTemperature, "unspecified"));
+    CHECK(supported(TestMaterial::byTemperature, byVaporFraction, "retrograde"));
+    CHECK(supported({"volume", "mole", "overall"}, TestMaterial::byTemperature, "normal"));
+    CHECK(!supported(TestMaterial::byTemperature, byVaporFraction, "abnormal"));
 
     material.setOverall("volume", "mole", {1e-3});
+    material.setOverall("enthalpy", "mole", {1e3});
     material.setPresent({"Vapor", "Liquid"});
     const auto flash = [&](const TestMaterial::Specification& second, const std::string& solutionType) {
         return errorOf([&] { material.equilibrium(TestMaterial::byTemperature, second, solutionType); });
     };
-    CHECK(flash({"volume", "mole", "overall"}, "unspecified").find("no flash for temperature and volume") !=
-          std::string::npos);
+    CHECK(errorOf([&] {
+              material.equilibrium(TestMaterial::byEnthalpy, {"volume", "mole", "overall"});
+          }).find("no flash for enthalpy and volume") != std::string::npos);
+    CHECK(flash(TestMaterial::byPressure, "upside down").find("unknown solution type") != std::string::npos);
     CHECK(flash({"pressure", "", "Vapor"}, "unspecified").find("not of 'Vapor'") != std::string::npos);
     CHECK(flash({"pressure"}, "unspecified").find("property, basis and phase") != std::string::npos);
     CHECK(flash(TestMaterial::byPressure, "retrograde").find("solution type 'retrograde'") !=

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "package/CompoundTable.h"
-#include "package/Flash.h"
 #include "package/PengRobinson.h"
+#include "package/PengRobinsonModel.h"
 
 #include <cmath>
 #include <initializer_list>

@@ -1,4 +1,5 @@
 // Reports and images: what each slot of the report interface answers, and what is left in files.
+#include "tests/TemporaryFolder.h"
 #include "tests/unit/TestHost.h"
 
 #include "cobia/HostAdapters.h"
@@ -18,32 +19,6 @@ using Table = ICapeReport::Table;
 bool contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
-
-/// A folder for report files.
-class Folder {
-public:
-    Folder() : path_(fs::temp_directory_path() / ("orvane-report-" + std::to_string(++made))) {
-        fs::remove_all(path_);
-        fs::create_directory(path_);
-    }
-    ~Folder() { fs::remove_all(path_); }
-    fs::path file(const std::string& name) const { return path_ / name; }
-    std::string read(const std::string& name) const {
-        std::ifstream stream(file(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    void write(const std::string& name, const std::string& text) const {
-        std::ofstream(file(name), std::ios::binary) << text;
-    }
-    std::size_t count() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(path_), fs::directory_iterator()));
-    }
-
-private:
-    static inline int made = 0;
-    fs::path path_;
-};
 
 std::string generate(TestHost& host, const std::string& name, const std::string& type = "text/plain",
                      const std::string& locale = "eng") {
@@ -138,7 +113,7 @@ TEST_CASE("A report is available under its name, type and locale together") {
 }
 
 TEST_CASE("Text reports are the same in a string and in a file, each with its own line ends") {
-    const Folder folder;
+    const TemporaryFolder folder;
     TestHost host(reporting);
     CHECK(generate(host, "größe") == "");
     REQUIRE(host.calculate().succeeded());
@@ -159,7 +134,7 @@ TEST_CASE("Text reports are the same in a string and in a file, each with its ow
 }
 
 TEST_CASE("An image takes its size from the simulation environment, where that gives whole numbers") {
-    const Folder folder;
+    const TemporaryFolder folder;
     TestHost host(reporting);
     const auto values = makeObject<NamedValues>();
     call<&ICapeUtilities::Table::putSimulationContext>(host.as<ICapeUtilities>(),
@@ -199,7 +174,7 @@ TEST_CASE("An image function that does not draw is named, and the file there sta
         {"import sys; sys.exit()", "SystemExit"},
         {"unit.add_report('late')", "add_report can only be called from Configure()"},
     };
-    const Folder folder;
+    const TemporaryFolder folder;
     folder.write("pic.png", "before");
     for (const Row& row : rows) {
         CAPTURE(row.body);

@@ -1,0 +1,31 @@
+"""Pump: a liquid is brought to a higher pressure; losses stay in it as heat.
+
+    ideal work          enthalpy at the outlet pressure and the entropy of the feed, less that of the feed
+    work                ideal work over the efficiency
+"""
+
+
+def Configure(unit):
+    watt = unit.Dimension.KILOGRAM * unit.Dimension.METER**2 / unit.Dimension.SECOND**3
+    pascal = unit.Dimension.KILOGRAM / unit.Dimension.METER / unit.Dimension.SECOND**2
+    unit.add_port("Feed", unit.PortType.MATERIAL, unit.PortDirection.FEED)
+    unit.add_port("Product", unit.PortType.MATERIAL, unit.PortDirection.PRODUCT)
+    unit.add_parameter("Outlet Pressure", unit.ParameterType.REAL, unit.ParameterMode.INPUT, default=10e5, min=1,
+                       dimension=pascal)
+    unit.add_parameter("Efficiency", unit.ParameterType.REAL, unit.ParameterMode.INPUT, default=0.75, min=0.01, max=1)
+    unit.add_parameter("Power", unit.ParameterType.REAL, unit.ParameterMode.OUTPUT, dimension=watt,
+                       description="Power that the pump takes up")
+
+
+def Calculate(unit):
+    feed = unit.ports["Feed"]
+    pressure = unit.parameters["Outlet Pressure"].value
+    if feed.vapor_fraction > 0:
+        raise RuntimeError("The feed of the pump has a vapour fraction of %g; a pump takes a liquid" % feed.vapor_fraction)
+    if pressure < feed.p:
+        raise RuntimeError("The outlet pressure %g Pa is below that of the feed, %g Pa; use a valve" % (pressure, feed.p))
+    enthalpy, entropy = feed.get_property(["enthalpy", "entropy"])
+    ideal = feed.create_phase_equilibrium(x=feed.x, p=pressure, entropy=entropy)
+    work = (ideal.get_property("enthalpy") - enthalpy) / unit.parameters["Efficiency"].value
+    unit.parameters["Power"].value = work * feed.flow_rate
+    unit.ports["Product"].set(x=feed.x, p=pressure, enthalpy=enthalpy + work, flow_rate=feed.flow_rate)
