@@ -125,7 +125,8 @@ TEST_CASE("The doctor tells of the module, of Python, of the search path and its
     const std::string path = folder.file("mine.py").parent_path().string();
     const std::string missing = std::filesystem::absolute("/no/such/folder").make_preferred().string();
     const Finished clashing =
-        command({"doctor", "--json"}, {"PYTHONPATH=" + path + "/" + orvane::test::listSeparator + missing, "VIRTUAL_ENV="});
+        command({"doctor", "--json"},
+                {"PYTHONPATH=" + path + "/" + orvane::test::listSeparator + missing, "VIRTUAL_ENV="});
     REQUIRE_MESSAGE(clashing.exitCode == 0, clashing.error);
     const json result = json::parse(clashing.out);
     const auto& entries = result["path"];
