@@ -3,6 +3,7 @@
 #include "host/CaseReader.h"
 #include "host/ExitCode.h"
 #include "host/ParameterInfo.h"
+#include "host/ParameterJson.h"
 #include "host/Path.h"
 #include "host/Table.h"
 #include "host/TextFile.h"
@@ -85,17 +86,6 @@ void show(const UnitInfo& info) {
     }
 }
 
-Json json(const ParameterValue& value) {
-    return std::visit(
-        [](const auto& content) -> Json {
-            if constexpr (std::is_same_v<std::decay_t<decltype(content)>, std::monostate>)
-                return nullptr;
-            else
-                return content;
-        },
-        value);
-}
-
 std::string json(const UnitInfo& info) {
     Json root = {{"ports", Json::array()},
                  {"parameters", Json::array()},
@@ -113,10 +103,10 @@ std::string json(const UnitInfo& info) {
                                       {"type", parameter.type},
                                       {"unit", parameter.unit},
                                       {"mode", parameter.isInput ? "input" : "output"},
-                                      {"default", json(parameter.standard)},
-                                      {"minimum", json(parameter.lowerBound)},
-                                      {"maximum", json(parameter.upperBound)},
-                                      {"value", json(parameter.value)},
+                                      {"default", parameterJson(parameter.standard)},
+                                      {"minimum", parameterJson(parameter.lowerBound)},
+                                      {"maximum", parameterJson(parameter.upperBound)},
+                                      {"value", parameterJson(parameter.value)},
                                       {"options", parameter.options},
                                       {"description", parameter.description}});
     }

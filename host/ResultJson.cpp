@@ -1,5 +1,7 @@
 #include "host/ResultJson.h"
 
+#include "host/ParameterJson.h"
+
 #include <cmath>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -76,22 +78,11 @@ Json stream(const RunResult& result, const StreamResult& of) {
             {"phases", std::move(phases)}};
 }
 
-Json parameter(const ParameterValue& value) {
-    return std::visit(
-        [](const auto& content) -> Json {
-            if constexpr (std::is_same_v<std::decay_t<decltype(content)>, std::monostate>)
-                return nullptr;
-            else
-                return content;
-        },
-        value);
-}
-
 }  // namespace
 
 std::string resultJson(const RunResult& result) {
     Json parameters = Json::object();
-    for (const ParameterResult& of : result.parameters) parameters[of.name] = parameter(of.value);
+    for (const ParameterResult& of : result.parameters) parameters[of.name] = parameterJson(of.value);
     Json streams = Json::object();
     for (const StreamResult& of : result.streams) streams[of.port] = stream(result, of);
 
