@@ -25,9 +25,9 @@ public:
         return interfaceOf(items_[static_cast<std::size_t>(index)]);
     }
     COBIA::Ref<COBIA::ICapeInterface> itemByName(const std::string& name) const {
-        const COBIA::Ref<Item> item = named(name);
-        if (!item) throw COBIA::cape_open_error(COBIA::noSuchItem);
-        return interfaceOf(item);
+        const auto found = index_.find(COBIA::lowerCase(name));
+        if (found == index_.end()) throw COBIA::cape_open_error(COBIA::noSuchItem);
+        return interfaceOf(items_[found->second]);
     }
     COBIA::CapeInteger count() const { return static_cast<COBIA::CapeInteger>(items_.size()); }
 
@@ -38,11 +38,6 @@ public:
     std::string description() const { return name_; }
     void setDescription(const std::string&) { throw COBIA::cape_open_error(COBIA::denied); }
 
-    /// The item of that name, or nothing.
-    COBIA::Ref<Item> named(const std::string& name) const {
-        const auto found = index_.find(COBIA::lowerCase(name));
-        return found == index_.end() ? nullptr : items_[found->second];
-    }
     const std::vector<COBIA::Ref<Item>>& items() const noexcept { return items_; }
 
     void replace(std::vector<COBIA::Ref<Item>> items) {
