@@ -1,5 +1,5 @@
-# Fails when a library shows other symbols than it should. MODULE: the library; EXPORTS: the list; NM: the tool that reads
-# ELF files, or OBJDUMP: the one for Windows' libraries.
+# Fails when a library shows other symbols than it should, or one for Windows needs more than Windows and Python. MODULE: the
+# library; EXPORTS: the list; NM: the tool that reads ELF files, or OBJDUMP: the one for Windows' libraries.
 cmake_minimum_required(VERSION 3.25)
 
 if(OBJDUMP)
@@ -12,6 +12,15 @@ if(OBJDUMP)
         string(REGEX REPLACE ".*[ \t]" "" symbol "${row}")
         list(APPEND symbols "${symbol}")
     endforeach()
+
+    string(REGEX MATCHALL "DLL Name: [^\n]+" needs "${output}")
+    list(TRANSFORM needs REPLACE "DLL Name: " "")
+    list(TRANSFORM needs TOLOWER)
+    set(foreign ${needs})
+    list(REMOVE_ITEM foreign advapi32.dll kernel32.dll msvcrt.dll ole32.dll python314.dll)
+    if(NOT needs OR foreign)
+        message(FATAL_ERROR "${MODULE} needs ${needs}; users have Windows and python314.dll alone.")
+    endif()
 else()
     execute_process(COMMAND "${NM}" --dynamic --defined-only --format=just-symbols "${MODULE}"
         OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)

@@ -12,8 +12,8 @@ namespace orvane {
 std::string readFile(const std::string& path);
 
 /// Makes the file hold these bytes and no others, whole or not at all: they are written beside it under a temporary name,
-/// which then takes its place. Permissions stay, a link leads where it led; what is there and is no regular file (a pipe, a
-/// device) is written directly. Throws COBIA::StringException with the path and the system's reason.
+/// which then takes its place. A link leads where it led, and on POSIX systems permissions stay; what is there and is no
+/// regular file (a pipe, a device) is written directly. Throws COBIA::StringException with the path and the system's reason.
 void writeFile(const std::string& path, std::string_view bytes);
 
 }  // namespace orvane

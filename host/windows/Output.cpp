@@ -29,15 +29,17 @@ void redirectInOtherRuntime() {
     if (entry) reinterpret_cast<int (*)(int, int)>(reinterpret_cast<void*>(entry))(2, 1);
 }
 
-/// Writes into a file that is there, or into a new one; throws with `what` in front of the reason.
-void writeInto(const std::filesystem::path& file, DWORD disposition, std::string_view text,
-               const std::string& what) {
-    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) fail(what, GetLastError());
-    DWORD error = writeAll(handle, text);
-    if (!CloseHandle(handle) && !error) error = GetLastError();
+/// Writes into what is open, or was to be, and closes it; throws with `what` in front of the reason.
+void writeInto(HANDLE file, std::string_view text, const std::string& what) {
+    if (file == INVALID_HANDLE_VALUE) fail(what, GetLastError());
+    DWORD error = writeAll(file, text);
+    if (!CloseHandle(file) && !error) error = GetLastError();
     if (error) fail(what, error);
+}
+
+HANDLE open(const std::filesystem::path& file, DWORD share, DWORD disposition) {
+    return CreateFileW(file.c_str(), GENERIC_WRITE, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
 }
 
 }  // namespace
@@ -66,20 +68,20 @@ void ReservedOutput::write(std::string_view text) {
 
 void writeWhole(const std::filesystem::path& file, std::string_view text) {
     const std::string what = "'" + textOf(file) + "' cannot be written";
-    std::error_code unknown;
-    const bool exists = std::filesystem::exists(file, unknown);
-    if (exists && !std::filesystem::is_regular_file(file, unknown)) {
-        writeInto(file, OPEN_EXISTING, text, what);
-        return;
+    if (const HANDLE there = open(file, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
+        there != INVALID_HANDLE_VALUE) {
+        if (GetFileType(there) != FILE_TYPE_DISK) return writeInto(there, text, what);
+        CloseHandle(there);
     }
 
     // Where a link leads, so that the link itself survives the renaming.
-    std::filesystem::path target = exists ? std::filesystem::canonical(file, unknown) : file;
-    if (target.empty()) target = file;
+    std::error_code unresolved;
+    std::filesystem::path target = std::filesystem::canonical(file, unresolved);
+    if (unresolved) target = file;
     std::filesystem::path temporary = target;
     temporary += L"." + std::to_wstring(std::random_device()());
     try {
-        writeInto(temporary, CREATE_NEW, text, what);
+        writeInto(open(temporary, FILE_SHARE_READ, CREATE_NEW), text, what);
         if (!MoveFileExW(temporary.c_str(), target.c_str(),
                          MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
             fail(what, GetLastError());

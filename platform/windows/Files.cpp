@@ -4,11 +4,11 @@
 #include "platform/Identifier.h"
 #include "platform/windows/SystemText.h"
 
-#include <cerrno>
-#include <cstdio>
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <system_error>
+#include <vector>
 #include <windows.h>
 
 namespace orvane {
@@ -16,66 +16,76 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Close {
-    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+struct CloseFile {
+    using pointer = HANDLE;
+    void operator()(HANDLE file) const noexcept { CloseHandle(file); }
 };
-using File = std::unique_ptr<std::FILE, Close>;
+using File = std::unique_ptr<HANDLE, CloseFile>;
 
-[[noreturn]] void fail(const char* what, const std::string& path, const std::string& reason) {
-    throw COBIA::StringException() << "Cannot " << what << " '" << path << "': " << reason;
+[[noreturn]] void fail(const char* what, const std::string& path, DWORD reason = GetLastError()) {
+    throw COBIA::StringException() << "Cannot " << what << " '" << path << "': " << systemMessage(reason);
 }
 
-[[noreturn]] void fail(const char* what, const std::string& path, int reason) {
-    fail(what, path, std::generic_category().message(reason));
+/// Null when it cannot be opened. Processes that start later do not inherit it.
+File open(const fs::path& file, DWORD access, DWORD share, DWORD disposition) {
+    const HANDLE opened =
+        CreateFileW(file.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return File(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
 }
 
-/// Processes that start later do not inherit the file.
-File open(const fs::path& file, const wchar_t* mode, const char* what, const std::string& path) {
-    File opened(_wfopen(file.c_str(), mode));
-    if (!opened) fail(what, path, errno);
-    return opened;
-}
+constexpr DWORD largestBlock = 1 << 20;
 
-void writeAll(File file, const std::string& path, std::string_view bytes) {
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) fail("write", path, errno);
-    // A full disk may show no earlier than here.
-    if (std::fclose(file.release()) != 0) fail("write", path, errno);
+void writeAll(const File& file, const std::string& path, std::string_view bytes) {
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto block = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), largestBlock));
+        if (!WriteFile(file.get(), bytes.data(), block, &written, nullptr)) fail("write", path);
+        bytes.remove_prefix(written);
+    }
 }
 
 }  // namespace
 
 std::string readFile(const std::string& path) {
-    const File file = open(wide(path), L"rbN", "read", path);
+    const File file =
+        open(wide(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
+    if (!file) fail("read", path);
     std::string bytes;
-    char block[16384];
-    while (const std::size_t count = std::fread(block, 1, sizeof block, file.get()))
-        bytes.append(block, count);
-    if (std::ferror(file.get())) fail("read", path, errno);
-    return bytes;
+    std::vector<char> block(largestBlock);
+    for (;;) {
+        DWORD count = 0;
+        if (!ReadFile(file.get(), block.data(), largestBlock, &count, nullptr)) fail("read", path);
+        if (count == 0) return bytes;
+        bytes.append(block.data(), count);
+    }
 }
 
 void writeFile(const std::string& path, std::string_view bytes) {
     const fs::path named = wide(path);
-    std::error_code unknown;
-    const bool exists = fs::exists(named, unknown);
-    if (exists && !fs::is_regular_file(named, unknown)) {
-        writeAll(open(named, L"wbN", "write", path), path, bytes);
+    if (const File there = open(named, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
+        there && GetFileType(there.get()) != FILE_TYPE_DISK) {
+        writeAll(there, path, bytes);
         return;
     }
 
     // Where a link leads, so that the link itself survives the renaming.
-    fs::path target = exists ? fs::canonical(named, unknown) : named;
-    if (target.empty()) target = named;
+    std::error_code unresolved;
+    fs::path target = fs::canonical(named, unresolved);
+    if (unresolved) target = named;
     const fs::path temporary = target.parent_path() / wide("ORV" + randomIdentifier());
     try {
-        writeAll(open(temporary, L"wbN", "write", path), path, bytes);
-        if (!MoveFileExW(temporary.c_str(), target.c_str(),
-                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            fail("write", path, systemMessage(GetLastError()));
+        const File file = open(temporary, GENERIC_WRITE, 0, CREATE_NEW);
+        if (!file) fail("write", path);
+        writeAll(file, path, bytes);
     }
     catch (const COBIA::StringException&) {
         DeleteFileW(temporary.c_str());
         throw;
+    }
+    if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+        const DWORD reason = GetLastError();
+        DeleteFileW(temporary.c_str());
+        fail("write", path, reason);
     }
 }
 

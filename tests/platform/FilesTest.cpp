@@ -2,6 +2,7 @@
 #include "platform/TemporaryFile.h"
 
 #include "cobia/Error.h"
+#include "tests/TemporaryFolder.h"
 
 #include <doctest/doctest.h>
 #include <filesystem>
@@ -47,8 +48,8 @@ TEST_CASE("A file that cannot be read or written is named, with the system's rea
     const auto reading = failure([&] { readFile(missing); });
     const auto writing = failure([&] { writeFile(missing, "text"); });
     for (const std::string& message : {reading, writing}) {
-        CHECK(message.find(missing) != message.npos);
-        CHECK(message.find("No such file or directory") != message.npos);
+        const std::size_t reason = message.find(missing + "': ") + missing.size() + 3;
+        CHECK(message.size() > reason + 5);
     }
     CHECK(reading.find("read") != reading.npos);
     CHECK(writing.find("write") != writing.npos);
@@ -58,29 +59,17 @@ TEST_CASE("A file that cannot be read or written is named, with the system's rea
     CHECK_THROWS_AS(writeFile(fs::temp_directory_path().string(), ""), COBIA::StringException);
 }
 
-TEST_CASE("A file is written whole or not at all, keeps its permissions, and a link its target") {
-    TemporaryFile place(".folder");
-    const fs::path folder = native(place.path());
-    fs::remove(folder);
-    fs::create_directory(folder);
-    const auto count = [&] {
-        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-    };
-
-    const fs::path target = folder / "report.txt", link = folder / "link.txt";
-    writeFile(target.string(), "old");
-    fs::permissions(target, fs::perms(0640));
-    fs::create_symlink(target, link);
-    writeFile(link.string(), "new");
-    CHECK(readFile(target.string()) == "new");
-    CHECK(fs::is_symlink(link));
-    CHECK(fs::status(target).permissions() == fs::perms(0640));
-
-    CHECK_THROWS_AS(writeFile((folder / std::string(300, 'n')).string(), "x"), COBIA::StringException);
-    CHECK(count() == 2);  // nothing is left of the attempt
-    writeFile("/dev/null", "taken");
-    CHECK(fs::is_character_file("/dev/null"));
-    fs::remove_all(folder);
+TEST_CASE("A file is written whole or not at all, and nothing is left of an attempt") {
+    const test::TemporaryFolder folder("Größe");
+    const std::string target = folder.utf8() + "/report.txt";
+    writeFile(target, "old");
+    writeFile(target, "new");
+    CHECK(readFile(target) == "new");
+    CHECK_THROWS_AS(writeFile(folder.utf8() + "/" + std::string(300, 'n'), "x"), COBIA::StringException);
+    // A folder, which no file takes the place of.
+    fs::create_directory(folder.file("taken"));
+    CHECK_THROWS_AS(writeFile(folder.utf8() + "/taken", "x"), COBIA::StringException);
+    CHECK(folder.count() == 2);
 }
 
 TEST_CASE("A temporary file lives as long as its owner") {

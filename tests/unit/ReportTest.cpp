@@ -129,7 +129,7 @@ TEST_CASE("Text reports are the same in a string and in a file, each with its ow
     CHECK(toFile(host, "No", "text/plain", folder.file("other")).code == noSuchItem);
     const Outcome nowhere = toFile(host, "Größe", "text/plain", folder.file("none") / "r.txt");
     CHECK(contains(nowhere.text, "in ICapeReport::GenerateReportFile of "));
-    CHECK(contains(nowhere.text, "none/r.txt': No such file or directory"));
+    CHECK(contains(nowhere.text, "r.txt': "));
     CHECK(folder.count() == 1);
 }
 

@@ -82,8 +82,13 @@ Process::~Process() {
 void Process::interrupt() {
     static const BOOL ignored = SetConsoleCtrlHandler([](DWORD) -> BOOL { return TRUE; }, TRUE);
     FreeConsole();
-    const bool done =
-        ignored && AttachConsole(GetProcessId(system_->process)) && GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+    // A process that has just started may have none yet.
+    bool attached = false;
+    for (int i = 0; i < 250 && !attached; ++i) {
+        attached = AttachConsole(GetProcessId(system_->process));
+        if (!attached) Sleep(20);
+    }
+    const bool done = ignored && attached && GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
     if (!done) throw std::runtime_error("Ctrl-C cannot be sent, error " + std::to_string(GetLastError()));
 }
 
