@@ -2,6 +2,7 @@
 #include "host/FlashSpecification.h"
 #include "host/MaterialObject.h"
 #include "host/PropertyCalculator.h"
+#include "host/PropertyDerivatives.h"
 
 namespace orvane::host {
 
@@ -35,7 +36,16 @@ void MaterialObject::calcSinglePhaseProp(TextsView properties, Text phase) {
     const PhaseKind kind = phaseKind(phase);
     StateValues& values = presentSlot(kind).values;
     wanted_.clear();
+    wantedDerivatives_.clear();
     for (std::size_t i = 0; i < properties.size(); ++i) {
+        if (const auto derivative = findDerivative(properties[i])) {
+            if (!isCalculated(*derivative)) {
+                throw StringException() << "property '" << identifier(*derivative)
+                                        << "' is not calculated; GetSinglePhasePropList has those that are";
+            }
+            wantedDerivatives_.push_back(*derivative);
+            continue;
+        }
         const Property wanted = property(properties[i]);
         if (!isCalculated(wanted)) {
             throw StringException() << "property '" << identifier(wanted)
@@ -46,7 +56,7 @@ void MaterialObject::calcSinglePhaseProp(TextsView properties, Text phase) {
     for (const Property needed : {Property::temperature, Property::pressure, Property::fraction}) {
         require(values, needed);
     }
-    calculate(package(), kind, wanted_, values);
+    calculate(package(), kind, wanted_, wantedDerivatives_, values);
 }
 
 void MaterialObject::calcTwoPhaseProp(TextsView properties, TextsView phases) {
@@ -75,6 +85,7 @@ void MaterialObject::calcTwoPhaseProp(TextsView properties, TextsView phases) {
 
 bool MaterialObject::checkSinglePhasePropSpec(Text name, Text phase) const {
     phaseKind(phase);
+    if (const auto derivative = findDerivative(name)) return isCalculated(*derivative);
     const auto found = findProperty(name);
     return found && isCalculated(*found);
 }
@@ -88,6 +99,7 @@ bool MaterialObject::checkTwoPhasePropSpec(Text name, TextsView phases) const {
 std::vector<std::string> MaterialObject::singlePhasePropList() const {
     std::vector<std::string> names;
     for (const Property calculated : singlePhaseProperties()) names.emplace_back(identifier(calculated));
+    for (const Derivative& calculated : singlePhaseDerivatives()) names.push_back(identifier(calculated));
     return names;
 }
 

@@ -105,8 +105,13 @@ void MaterialObject::presentPhases(COBIA::TextsOut names, COBIA::EnumerationsOut
 }
 
 void MaterialObject::singlePhaseProp(Text name, Text phase, Text basisText, RealsOut values) {
+    const StateValues& of = presentSlot(phaseKind(phase)).values;
+    if (const auto derivative = findDerivative(name)) {
+        get(of, *derivative, basis(basisText, *derivative), values);
+        return;
+    }
     const Property wanted = property(name);
-    get(presentSlot(phaseKind(phase)).values, wanted, basis(basisText, wanted), values);
+    get(of, wanted, basis(basisText, wanted), values);
 }
 
 void MaterialObject::tpFraction(Text phase, double& temperature, double& pressure, RealsOut fractions) {

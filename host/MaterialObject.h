@@ -127,6 +127,7 @@ private:
     double molarMassOf(const StateValues& of, Property wanted) const;
 
     void get(const StateValues& of, Property property, Basis basis, COBIA::RealsOut values) const;
+    void get(const StateValues& of, Derivative derivative, Basis basis, COBIA::RealsOut values) const;
     void getFlow(const StateValues& of, Property property, Basis basis, COBIA::RealsOut values) const;
     double getScalar(const StateValues& of, Property property, Basis basis) const;
     void getState(const StateValues& of, double& temperature, double& pressure,
@@ -152,6 +153,7 @@ private:
     StateValues twoPhase_;  // of the pair below
     PhasePair twoPhaseOrder_{};
     std::vector<Property> wanted_;  // of a calculation, kept to save its allocation
+    std::vector<Derivative> wantedDerivatives_;
 };
 
 }  // namespace orvane::host

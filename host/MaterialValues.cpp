@@ -66,6 +66,19 @@ void MaterialObject::get(const StateValues& of, Property property, Basis basis, 
     for (std::size_t i = 0; i < out.size(); ++i) out[i] = stored[i] * package().molarMasses()[i] / mean;
 }
 
+void MaterialObject::get(const StateValues& of, Derivative derivative, Basis basis, RealsOut values) const {
+    const auto* stored = of.find(derivative);
+    if (!stored) {
+        throw StringException() << "property '" << identifier(derivative) << "' of " << owner(of)
+                                << " was not calculated on " << errorSource();
+    }
+    values.assign(*stored);
+    if (basis != Basis::mass) return;
+    const double perMole = molarMassOf(of, derivative.of);
+    const double factor = basisRule(derivative.of) == BasisRule::density ? perMole : 1 / perMole;
+    values.resize(1)[0] = stored->front() * factor;
+}
+
 double MaterialObject::getScalar(const StateValues& of, Property property, Basis basis) const {
     const double stored = of.value(property);
     if (basis != Basis::mass) return stored;
@@ -235,7 +248,7 @@ std::optional<MaterialObject::Energy> MaterialObject::energy() const {
     for (const Phase& phase : phases()) {
         constexpr Property wanted[] = {Property::enthalpy, Property::entropy};
         StateValues values = *phase.values;
-        calculate(package(), phase.kind, wanted, values);
+        calculate(package(), phase.kind, wanted, {}, values);
         const double amount = values.value(Property::phaseFraction);
         result.enthalpy += amount * values.value(Property::enthalpy);
         result.entropy += amount * values.value(Property::entropy);

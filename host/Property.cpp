@@ -49,6 +49,8 @@ constexpr std::array<Row, propertyCount> rows = {{
     {Property::logKvalue, "logKvalue", BasisRule::none},
 }};
 
+constexpr std::array<std::string_view, 4> variables = {"Dtemperature", "Dpressure", "Dmoles", "DmolFraction"};
+
 constexpr bool rowsStandInOrder() {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (static_cast<std::size_t>(rows[i].property) != i) return false;
@@ -67,6 +69,12 @@ template <class Character> constexpr Character lowered(Character c) {
 
 std::string_view identifier(Property property) { return row(property).identifier; }
 
+std::string identifier(Derivative derivative) {
+    std::string text(identifier(derivative.of));
+    text += '.';
+    return text += variables[static_cast<std::size_t>(derivative.by)];
+}
+
 BasisRule basisRule(Property property) { return row(property).rule; }
 
 bool matches(COBIA::CapeTextView text, std::string_view word) noexcept {
@@ -79,6 +87,17 @@ bool matches(COBIA::CapeTextView text, std::string_view word) noexcept {
 std::optional<Property> findProperty(COBIA::CapeTextView text) noexcept {
     for (const Row& candidate : rows) {
         if (matches(text, candidate.identifier)) return candidate.property;
+    }
+    return std::nullopt;
+}
+
+std::optional<Derivative> findDerivative(COBIA::CapeTextView text) noexcept {
+    const auto dot = text.find(COBIA::CapeCharacter('.'));
+    if (dot == text.npos) return std::nullopt;
+    const auto of = findProperty(text.substr(0, dot));
+    if (!of) return std::nullopt;
+    for (std::size_t i = 0; i < variables.size(); ++i) {
+        if (matches(text.substr(dot + 1), variables[i])) return Derivative{*of, static_cast<By>(i)};
     }
     return std::nullopt;
 }
@@ -96,6 +115,15 @@ Basis basis(COBIA::CapeTextView text, Property property) {
     throw COBIA::StringException() << "property '" << identifier(property) << "' has no basis '"
                                    << COBIA::toUtf8(text) << "'; it takes "
                                    << (rule == BasisRule::none ? "an empty one" : "'mole' or 'mass'");
+}
+
+Basis basis(COBIA::CapeTextView text, Derivative derivative) {
+    const Basis found = basis(text, derivative.of);
+    if (found == Basis::mass && isByCompound(derivative.by)) {
+        throw COBIA::StringException() << "property '" << identifier(derivative)
+                                       << "' has no mass basis, since it is by moles; it takes 'mole'";
+    }
+    return found;
 }
 
 }  // namespace orvane::host

@@ -1,5 +1,6 @@
 #include "host/PropertyCalculator.h"
 
+#include "host/PropertyDerivatives.h"
 #include "package/PhaseProperties.h"
 #include "package/SurfaceTension.h"
 #include "package/Transport.h"
@@ -110,7 +111,7 @@ std::span<const Property> twoPhaseProperties() { return calculatedOfTwo; }
 bool isTwoPhase(Property property) { return contains(calculatedOfTwo, property); }
 
 void calculate(const PropertyPackage& package, package::PhaseKind kind, std::span<const Property> properties,
-               StateValues& phase) {
+               std::span<const Derivative> derivatives, StateValues& phase) {
     const auto of =
         package.model().properties(kind, phase.value(Property::temperature), phase.value(Property::pressure),
                                    phase.values(Property::fraction));
@@ -123,10 +124,16 @@ void calculate(const PropertyPackage& package, package::PhaseKind kind, std::spa
             scalars[static_cast<std::size_t>(property)] =
                 scalar(package, kind, of, property, of.composition());
     }
+    std::vector<std::vector<double>> ofDerivatives;
+    for (const Derivative& derivative : derivatives)
+        ofDerivatives.push_back(calculateDerivative(package.model(), kind, of, derivative));
+
     for (const Property property : properties) {
         if (!isPerCompound(property)) phase.set(property, scalars[static_cast<std::size_t>(property)]);
     }
     for (const auto& [property, values] : vectors) phase.set(property, values);
+    for (std::size_t i = 0; i < derivatives.size(); ++i)
+        phase.set(derivatives[i], std::move(ofDerivatives[i]));
 }
 
 void calculateTwoPhase(const PropertyPackage& package, const TwoPhases& phases,

@@ -14,10 +14,10 @@ namespace orvane::host {
 std::span<const Property> singlePhaseProperties();
 bool isCalculated(Property property);
 
-/// Calculates the properties at the temperature, pressure and fraction of `phase`, which are known, and puts
-/// them in. Throws package::PackageError; then nothing was put in.
+/// Calculates the properties and derivatives at the temperature, pressure and fraction of `phase`, which are known,
+/// and puts them in. Throws package::PackageError; then nothing was put in.
 void calculate(const PropertyPackage& package, package::PhaseKind kind, std::span<const Property> properties,
-               StateValues& phase);
+               std::span<const Derivative> derivatives, StateValues& phase);
 
 /// The properties of two phases that calculateTwoPhase() takes.
 std::span<const Property> twoPhaseProperties();

@@ -30,7 +30,24 @@ std::span<double> StateValues::fill(Property property) {
     return storage(property);
 }
 
+const std::vector<double>* StateValues::find(Derivative derivative) const {
+    const auto found =
+        std::ranges::find(derivatives_, derivative, [](const auto& entry) { return entry.first; });
+    return found == derivatives_.end() ? nullptr : &found->second;
+}
+
+void StateValues::set(Derivative derivative, std::vector<double> values) {
+    std::erase_if(derivatives_, [derivative](const auto& entry) { return entry.first == derivative; });
+    derivatives_.emplace_back(derivative, std::move(values));
+}
+
+void StateValues::forgetAll() {
+    known_.reset();
+    derivatives_.clear();
+}
+
 void StateValues::forgetCalculated() {
+    derivatives_.clear();
     std::bitset<propertyCount> kept;
     for (const Property property : {Property::temperature, Property::pressure, Property::fraction,
                                     Property::phaseFraction, Property::totalFlow}) {

@@ -10,6 +10,7 @@
 #include <bitset>
 #include <cstddef>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace orvane::host {
@@ -29,8 +30,12 @@ public:
     /// Where the values of a property with one value a compound are to be written; known from here on.
     std::span<double> fill(Property property);
 
+    /// Null when not known.
+    const std::vector<double>* find(Derivative derivative) const;
+    void set(Derivative derivative, std::vector<double> values);
+
     void forget(Property property) { known_[index(property)] = false; }
-    void forgetAll() { known_.reset(); }
+    void forgetAll();
     /// Forgets all but temperature, pressure, composition and amount.
     void forgetCalculated();
 
@@ -41,6 +46,7 @@ private:
     std::size_t compounds_;
     std::bitset<propertyCount> known_;
     std::array<double, scalarCount> scalars_{};
+    std::vector<std::pair<Derivative, std::vector<double>>> derivatives_;
     std::vector<double> perCompound_;  // one block a property, so that no call allocates
 };
 

@@ -28,9 +28,17 @@ struct Polynomial {
             const double slope = (3 * u + 2 * c2) * u + c1;
             const double bend = 3 * u + c2;  // half of the second derivative
             double next = u - value * slope / (slope * slope - value * bend);
-            if (std::abs(next - u) <= 0.5 * epsilon * u) return u;
-            if (!(next > low && next < high)) next = 0.5 * (low + high);
+            if (!(next > low && next < high)) {
+                if (slope != 0 && std::abs(next - u) <= 0.5 * epsilon * u) return u;
+                u = 0.5 * (low + high);
+                continue;
+            }
+            // The error left is that of the step before, cubed, times less than (bend / slope)^2 + 1 / |slope|.
+            const double change = std::abs(next - u);
             u = next;
+            if (change * change * change * (bend * bend + std::abs(slope)) <=
+                0.25 * epsilon * u * slope * slope)
+                return u;
         }
         throw PackageError(
             fmt::format("no root of the equation of state's cubic after 200 steps: between {:.17g} and "

@@ -5,9 +5,10 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cmath>
-
 #include <numbers>
+#include <utility>
 
 namespace orvane::package {
 namespace {
@@ -17,15 +18,26 @@ constexpr double delta1 =
     1 + std::numbers::sqrt2;  // the cubic's attractive term is a / ((V + d1 B)(V + d2 B))
 constexpr double delta2 = 1 - std::numbers::sqrt2;
 
-// A symmetric matrix times a vector, row by row into all sums: its additions need not wait for each other, as those
-// of a sum along a row would.
-void multiplySymmetric(const double* matrix, const double* vector, double* out, std::size_t n) {
-    for (std::size_t j = 0; j < n; ++j) out[j] = matrix[j] * vector[0];
-    for (std::size_t i = 1; i < n; ++i) {
-        const double* row = matrix + i * n;
-        const double factor = vector[i];
-        for (std::size_t j = 0; j < n; ++j) out[j] += row[j] * factor;
-    }
+// Sum of products. In pairs that need not wait for each other, as the additions of a plain loop would.
+double dot(const double* a, const double* b, std::size_t n) {
+    std::array<double, 4> sums{};
+    std::size_t i = 0;
+    for (; i + 4 <= n; i += 4)
+        for (std::size_t k = 0; k < 4; ++k) sums[k] += a[i + k] * b[i + k];
+    for (; i < n; ++i) sums[0] += a[i] * b[i];
+    return (sums[0] + sums[1]) + (sums[2] + sums[3]);
+}
+
+// A symmetric matrix times a vector: rows into all sums at once, several at a time, for the same reason.
+void multiplySymmetric(const double* matrix, const double* vector, double* __restrict out, std::size_t n) {
+    const auto addRows = [=]<std::size_t... k>(std::size_t i, std::index_sequence<k...>) {
+        for (std::size_t j = 0; j < n; ++j)
+            out[j] = (... + (vector[i + k] * matrix[(i + k) * n + j])) + (i == 0 ? 0 : out[j]);
+    };
+    std::size_t i = 0;
+    for (; i + 4 <= n; i += 4) addRows(i, std::make_index_sequence<4>());
+    for (; i + 2 <= n; i += 2) addRows(i, std::make_index_sequence<2>());
+    if (i < n) addRows(i, std::make_index_sequence<1>());
 }
 
 }  // namespace
@@ -50,15 +62,13 @@ void CubicPhase::solve(const Isotherm& isotherm, double pressure, const double* 
     const double T = isotherm.temperature;
 
     CompoundArray weighted;
-    b = 0;
     for (std::size_t i = 0; i < n; ++i) {
         x_[i] = x[i];
         weighted[i] = isotherm.rootA[i] * x[i];
-        b += x[i] * mixture.covolume[i];
     }
+    b = dot(x, mixture.covolume.data(), n);
     multiplySymmetric(mixture.oneMinusInteraction.data(), weighted.data(), attraction_.data(), n);
-    a = 0;
-    for (std::size_t i = 0; i < n; ++i) a += weighted[i] * attraction_[i];
+    a = dot(weighted.data(), attraction_.data(), n);
 
     const double RT = R * T;
     const double A = a * pressure / (RT * RT), B = b * pressure / RT;
@@ -131,7 +141,7 @@ struct AttractionByTemperature {
                             const CompoundArray& attraction) {
         const auto& mixture = isotherm.mixture;
         const std::size_t n = mixture.size;
-        CompoundArray weighted;
+        CompoundArray weighted{};
         for (std::size_t i = 0; i < n; ++i) weighted[i] = isotherm.rootAByT[i] * x[i];
         multiplySymmetric(mixture.oneMinusInteraction.data(), weighted.data(), slopes.data(), n);
         for (std::size_t i = 0; i < n; ++i) {

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace orvane::package {
@@ -66,7 +67,10 @@ bool PhaseSearch::splitFromTrial(const TrialPhase& trial) {
         }
     }
     // So little of the new phase would form that it is lost in the rounding of the Gibbs energy.
-    if (trial.distance > -1e-8) return false;
+    double most = 1;
+    for (std::size_t i = 0; i < n_; ++i)
+        if (trial.composition[i] > 0) most = std::min(most, feed_[i] / trial.composition[i]);
+    if (trial.distance > -1e-8 || (most < 1e-8 && -trial.distance * most < gibbsRounding)) return false;
     throw PackageError(
         fmt::format("the feed at T = {} K, P = {} Pa is not stable (tangent plane distance {:.3g}), but "
                     "the two phases that it forms were not found",
@@ -87,12 +91,12 @@ void PhaseSearch::run(const double* lnK) {
         feedGibbs_ += feed_[i] * d_[i];
     }
     CompoundArray wilson;
-    if (!lnK) wilsonRatios(isotherm_, pressure_, wilson.data());
+    wilsonRatios(isotherm_, pressure_, wilson.data());
     two_ = splitFromRatios(lnK ? lnK : wilson.data()) && pair_.distance(n_) > clearlyTwo;
     if (!two_) {
-        StabilityTest test(isotherm_, pressure_, d_.data(), single_.reducedVolume(), feed_);
-        const bool unstable = test.tryVapor() || test.tryLiquid() || test.tryIdealGas() ||
-                              test.tryPureCompounds() || test.tryCurvature();
+        StabilityTest test(isotherm_, pressure_, d_.data(), {feed_, single_});
+        const bool unstable = test.tryVapor(wilson.data()) || test.tryLiquid(wilson.data()) ||
+                              test.tryIdealGas() || test.tryPureCompounds() || test.tryCurvature();
         evaluations_ += test.evaluations();
         two_ = unstable && splitFromTrial(test.found());
         if (!two_) singleKind_ = kindOfSingle(test.found());
@@ -110,14 +114,18 @@ void PhaseSearch::examine(const PhasePair& pair) {
 void PhaseSearch::lookForThird() {
     changed_ = liquidLiquid_ = false;
     thirdPhase_.reset();
+    std::optional<PhasePair> earlierWithVapor;
+    const auto better = [](const PhasePair& pair, const std::optional<PhasePair>& than) {
+        return !than || pair.gibbs < than->gibbs;
+    };
     constexpr int maxRounds = 6;
     for (int round = 0;; ++round) {
         pair_.order();
         CompoundArray d;
         for (std::size_t i = 0; i < n_; ++i)
             d[i] = std::log(pair_.liquidComposition[i]) + pair_.liquid.lnPhi[i];
-        StabilityTest test(isotherm_, pressure_, d.data(), pair_.vapor.reducedVolume(),
-                           pair_.liquidComposition.data(), pair_.vaporComposition.data());
+        StabilityTest test(isotherm_, pressure_, d.data(), {pair_.liquidComposition.data(), pair_.liquid},
+                           StabilityTest::Known{pair_.vaporComposition.data(), pair_.vapor});
         const bool noVapor = isLiquid(pair_.vapor);
         const bool unstable =
             (noVapor && test.tryIdealGas()) || test.tryPureCompounds() || test.tryComposition(feed_);
@@ -132,41 +140,59 @@ void PhaseSearch::lookForThird() {
                             "are not stable (tangent plane distance {:.3g})",
                             isotherm_.temperature, pressure_, maxRounds, test.found().distance));
 
-        // The new phase with each of the two: does one of these pairs have less Gibbs energy?
-        const TrialPhase& third = test.found();
+        // The new phase with each of the two: does one of these pairs have less Gibbs energy? Where none has, other
+        // new phases may still lead to one that has.
         std::optional<PhasePair> best, bestWithVapor;
-        CompoundArray leftOut = third.composition;
-        for (const bool withLiquid : {true, false}) {
-            const CubicPhase& partner = withLiquid ? pair_.liquid : pair_.vapor;
-            CompoundArray lnK;
-            for (std::size_t i = 0; i < n_; ++i) lnK[i] = partner.lnPhi[i] - third.lnPhi[i];
-            TwoPhaseSplit split(isotherm_, pressure_, feed_);
-            const bool found =
-                split.startFromRatios(lnK.data()) && split.solve() == TwoPhaseSplit::Verdict::twoPhases;
-            evaluations_ += split.evaluations();
-            if (!found) continue;
-            PhasePair candidate = split.pair();
-            candidate.order();
-            if (!best || candidate.gibbs < best->gibbs) best = candidate;
-            if (noVapor && !isLiquid(candidate.vapor) &&
-                (!bestWithVapor || candidate.gibbs < bestWithVapor->gibbs)) {
-                bestWithVapor = candidate;
-                leftOut = withLiquid ? pair_.vaporComposition : pair_.liquidComposition;
+        CompoundArray leftOut = test.found().composition;
+        const int before = test.evaluations();
+        bool first = true;
+        do {
+            const TrialPhase& third = test.found();
+            for (const bool withLiquid : {true, false}) {
+                const CubicPhase& partner = withLiquid ? pair_.liquid : pair_.vapor;
+                CompoundArray lnK;
+                for (std::size_t i = 0; i < n_; ++i) lnK[i] = partner.lnPhi[i] - third.lnPhi[i];
+                TwoPhaseSplit split(isotherm_, pressure_, feed_);
+                const bool found =
+                    split.startFromRatios(lnK.data()) && split.solve() == TwoPhaseSplit::Verdict::twoPhases;
+                evaluations_ += split.evaluations();
+                if (!found) continue;
+                PhasePair candidate = split.pair();
+                candidate.order();
+                if (better(candidate, best)) best = candidate;
+                if (first && noVapor && !isLiquid(candidate.vapor) && better(candidate, bestWithVapor)) {
+                    bestWithVapor = candidate;
+                    leftOut = withLiquid ? pair_.vaporComposition : pair_.liquidComposition;
+                }
             }
-        }
+            first = false;
+        } while (!(best && best->gibbs < pair_.gibbs - gibbsRounding) && test.tryPureCompounds());
+        evaluations_ += test.evaluations() - before;
         if (best && best->gibbs < pair_.gibbs - gibbsRounding) {
+            if (!noVapor && better(pair_, earlierWithVapor)) earlierWithVapor = pair_;
             pair_ = *best;
             changed_ = true;
             continue;
         }
         // No pair is stable: three phases. Of two liquids and a vapour the better liquid goes with the
         // vapour.
-        thirdPhase_ = leftOut;
         liquidLiquid_ = noVapor && !bestWithVapor;
         if (bestWithVapor) {
+            if (earlierWithVapor && earlierWithVapor->gibbs < bestWithVapor->gibbs - gibbsRounding) {
+                const auto unlike = [&](const CompoundArray& liquid) {
+                    double sum = 0;
+                    for (std::size_t i = 0; i < n_; ++i)
+                        sum += std::abs(liquid[i] - earlierWithVapor->liquidComposition[i]);
+                    return sum;
+                };
+                const bool lighter = unlike(pair_.vaporComposition) > unlike(pair_.liquidComposition);
+                leftOut = lighter ? pair_.vaporComposition : pair_.liquidComposition;
+                bestWithVapor = earlierWithVapor;
+            }
             pair_ = *bestWithVapor;
             changed_ = true;
         }
+        thirdPhase_ = leftOut;
         return;
     }
 }

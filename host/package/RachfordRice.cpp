@@ -34,7 +34,7 @@ bool rachfordRice(std::size_t n, const double* feed, const double* lnK, PhaseAmo
 
     // The sum falls monotonically from positive at 0 to negative at 1/2.
     double low = 0, high = 0.5;
-    double beta = 0.25;
+    double beta = 0.25, lastChange = 1;
     constexpr int maxSteps = 200;
     for (int step = 0;; ++step) {
         double sum = 0, slope = 0;
@@ -49,6 +49,9 @@ bool rachfordRice(std::size_t n, const double* feed, const double* lnK, PhaseAmo
         if (!(next > low && next < high)) next = low > 0 ? 0.5 * (low + high) : high * 1e-3;
         const double change = std::abs(next - beta);
         beta = next;
+        // Newton's steps become ever shorter, until the rounding of a sum of large terms is all that is left.
+        if (change < 1e-6 * beta && change >= lastChange) break;
+        lastChange = change;
         if (change <= 1e-14 * beta || high - low <= std::numeric_limits<double>::epsilon() * high) break;
         if (beta < std::numeric_limits<double>::min()) return false;
         if (step == maxSteps)

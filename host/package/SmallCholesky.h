@@ -7,8 +7,8 @@
 
 namespace orvane::package {
 
-/// Factorises a symmetric matrix, of which the lower triangle is read, in place. False when it is not positive definite;
-/// then the matrix is undefined.
+/// Factorises a symmetric matrix, of which the lower triangle is read, in place, into L D L^T. False when it is not
+/// positive definite; then the matrix is undefined.
 bool factorise(SmallMatrix& matrix);
 
 /// Solves with what factorise() left; the right-hand side becomes the solution.

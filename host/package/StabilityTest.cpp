@@ -1,6 +1,6 @@
 #include "package/StabilityTest.h"
 
-#include "package/Cubic.h"
+#include "package/DensePure.h"
 #include "package/PackageError.h"
 #include "package/PhasePair.h"
 #include "package/SmallCholesky.h"
@@ -10,48 +10,19 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace orvane::package {
 namespace {
 
 constexpr int maxSteps = 300;
-constexpr int substitutions = 7;  // before Newton's method
+constexpr double parabolaBelow = 2e-2;  // see nears()
+constexpr int substitutions = 7;        // before Newton's method
 constexpr double finestGradient = 1e-12;
 constexpr double acceptedGradient = 1e-8;  // when steps no longer make it smaller
 
-// A compound as a phase of its own, in its dense root: what starts as the vapour of a compound that could
-// condense stays a vapour, and the liquid would be missed.
-struct DensePure {
-    double lnPhi, reducedVolume;
+using FiguresOf = Eigen::Map<const Eigen::ArrayXd>;
 
-    DensePure(const Isotherm& isotherm, double pressure, std::size_t i) : isotherm_(isotherm), i_(i) {
-        constexpr double root2 = std::numbers::sqrt2;
-        const double RT = gasConstant * isotherm.temperature;
-        const double A = isotherm.rootA[i] * isotherm.rootA[i] * pressure / (RT * RT);
-        const double B = isotherm.mixture.covolume[i] * pressure / RT;
-        const double u = CubicRoots(A, B).smallest;
-        const double logTerm = std::log1p(2 * root2 * B / (u + (2 - root2) * B)) / (2 * root2 * B);
-        lnU_ = std::log(u);
-        lnPhi = u + B - 1 - lnU_ - A * logTerm;
-        perCovolume_ = (u + B - 1 + A * logTerm) / isotherm.mixture.covolume[i];
-        perAttraction_ = 2 * logTerm * pressure / (RT * RT) * isotherm.rootA[i];
-        reducedVolume = (u + B) / B;
-    }
-
-    // lnPhi of each compound at infinite dilution in this one.
-    void infiniteDilution(double* out) const {
-        const auto& mixture = isotherm_.mixture;
-        const double* row = mixture.oneMinusInteraction.data() + i_ * mixture.size;
-        for (std::size_t j = 0; j < mixture.size; ++j)
-            out[j] = mixture.covolume[j] * perCovolume_ - lnU_ - perAttraction_ * row[j] * isotherm_.rootA[j];
-    }
-
-private:
-    const Isotherm& isotherm_;
-    std::size_t i_;
-    double lnU_, perCovolume_, perAttraction_;
-};
+FiguresOf figures(const double* values, std::size_t n) { return {values, static_cast<Eigen::Index>(n)}; }
 
 }  // namespace
 
@@ -63,106 +34,116 @@ void wilsonRatios(const Isotherm& isotherm, double pressure, double* lnK) {
                      (1 - mixture.criticalTemperature[i] / isotherm.temperature);
 }
 
-StabilityTest::StabilityTest(const Isotherm& isotherm, double pressure, const double* d, double reducedVolume,
-                             const double* known, const double* otherKnown)
+// A phase on its way; `gradient` is ln W_i + lnPhi_i - d_i.
+struct StabilityTest::Trial {
+    Figures lnW, W, w, gradient;
+    double total = 0, tm = 0;
+    int steps = 0;  // taken to here
+};
+
+StabilityTest::StabilityTest(const Isotherm& isotherm, double pressure, const double* d, Known known,
+                             std::optional<Known> otherKnown)
     : isotherm_(isotherm),
       pressure_(pressure),
-      d_(d),
-      gasKnown_(reducedVolume > thinGas),
       known_(known),
       otherKnown_(otherKnown),
-      n_(isotherm.mixture.size) {}
+      n_(isotherm.mixture.size),
+      d_(figures(d, n_)),
+      gasKnown_(known.phase.reducedVolume() > thinGas ||
+                (otherKnown && otherKnown->phase.reducedVolume() > thinGas)) {}
 
-bool StabilityTest::isKnown(const CompoundArray& W) const {
-    const auto same = [&](const double* z) {
-        for (std::size_t i = 0; i < n_; ++i)
-            if (std::abs(W[i] - z[i]) > 1e-5 * (z[i] + 1e-3)) return false;
-        return true;
+// Of the phase under test, without the cost of logarithms.
+StabilityTest::Figures StabilityTest::lnComposition() const {
+    return d_ - figures(known_.phase.lnPhi.data(), n_);
+}
+
+bool StabilityTest::isKnown(const Figures& W) const {
+    const auto same = [&](const Known& known) {
+        const auto z = figures(known.composition, n_);
+        return ((W - z).abs() <= 1e-5 * (z + 1e-3)).all();
     };
-    return same(known_) || (otherKnown_ && same(otherKnown_));
+    return same(known_) || (otherKnown_ && same(*otherKnown_));
+}
+
+// Close to a known phase tm is the parabola of which that phase is the lowest point: 2 tm = slope. A phase of much
+// the same composition but on another root of the cubic is told by its density.
+bool StabilityTest::nears(const Known& known, const Trial& trial) const {
+    if (std::abs(phase_.reducedVolume() / known.phase.reducedVolume() - 1) > 0.2) return false;
+    const double slope = ((trial.W - figures(known.composition, n_)) * trial.gradient).sum();
+    return slope > 0 && std::abs(2 * trial.tm / slope - 1) < 0.2;
 }
 
 // Whether w is about to become the stationary point that another start has led to.
-bool StabilityTest::isFound(const CompoundArray& w) const {
+bool StabilityTest::isFound(const Figures& w) const {
     if (!std::isfinite(found_.distance)) return false;
-    for (std::size_t i = 0; i < n_; ++i)
-        if (std::abs(w[i] - found_.composition[i]) > 1e-3 * (w[i] + 1e-4)) return false;
-    return true;
+    return ((w - figures(found_.composition.data(), n_)).abs() <= 1e-3 * (w + 1e-4)).all();
 }
 
-void StabilityTest::keep(double tm, const CompoundArray& W, double total) {
-    if (!(tm < found_.distance)) return;
-    found_.distance = tm;
+void StabilityTest::keep(const Trial& trial) {
+    if (!(trial.tm < found_.distance || trial.tm < unstableBelow)) return;
+    found_.distance = trial.tm;
     found_.reducedVolume = phase_.reducedVolume();
     found_.lnPhi = phase_.lnPhi;
-    for (std::size_t i = 0; i < n_; ++i) found_.composition[i] = W[i] / total;
+    std::copy_n(trial.w.data(), n_, found_.composition.begin());
 }
 
 // From the start lnW to a verdict on it; true when it shows the phase under test to be unstable.
-bool StabilityTest::minimise(const CompoundArray& start) {
-    CompoundArray lnW = start, before = start, direction{};
-    CompoundArray W, w, gradient;  // gradient: ln W_i + lnPhi_i - d_i
+bool StabilityTest::minimise(const Figures& start) {
+    Trial trial;
+    trial.lnW = start;
+    Figures before, direction;
     double smallest = std::numeric_limits<double>::infinity(), tmBefore = smallest, length = 1;
-    int stalled = 0, steps = 0;
+    int stalled = 0;
     for (int count = 0; count < maxSteps; ++count) {
-        double total = 0;
-        for (std::size_t i = 0; i < n_; ++i) {
-            lnW[i] = std::clamp(lnW[i], -650.0, 650.0);
-            W[i] = std::exp(lnW[i]);
-            total += W[i];
-        }
-        for (std::size_t i = 0; i < n_; ++i) w[i] = W[i] / total;
-        phase_.solve(isotherm_, pressure_, w.data(), Root::stable);
+        trial.lnW = trial.lnW.max(-650).min(650);
+        trial.W = trial.lnW.exp();
+        trial.total = trial.W.sum();
+        trial.w = trial.W * (1 / trial.total);
+        phase_.solve(isotherm_, pressure_, trial.w.data(), Root::stable);
         ++evaluations_;
-        double tm = 1 - total, error = 0, slope = 0, otherSlope = 0;
-        for (std::size_t i = 0; i < n_; ++i) {
-            gradient[i] = lnW[i] + phase_.lnPhi[i] - d_[i];
-            tm += W[i] * gradient[i];
-            error = std::max(error, W[i] * gradient[i] * gradient[i]);
-            slope += (W[i] - known_[i]) * gradient[i];
-            if (otherKnown_) otherSlope += (W[i] - otherKnown_[i]) * gradient[i];
-        }
-        error = std::sqrt(error);
-        if (tm > tmBefore + 1e-14 * total && length > 1e-3) {
+        trial.gradient = trial.lnW + figures(phase_.lnPhi.data(), n_) - d_;
+        const double tm = trial.tm = 1 - trial.total + (trial.W * trial.gradient).sum();
+        const double error = std::sqrt((trial.W * trial.gradient.square()).maxCoeff());
+        if (tm > tmBefore + 1e-14 * trial.total && length > 1e-3) {
             length *= 0.3;
-            for (std::size_t i = 0; i < n_; ++i) lnW[i] = before[i] + length * direction[i];
+            trial.lnW = before + length * direction;
             continue;
         }
-        // W at hand may not have its best amount, which would lower tm further: negative is proof enough.
-        if (tm < -1e-3) {
-            keep(tm, W, total);
+        // W at hand may not have its best amount, which would lower tm further: negative is proof enough, unless the
+        // composition is still too rough to start two phases with.
+        if (tm < -1e-3 && (error < 1 || trial.steps >= 5)) {
+            keep(trial);
             return true;
         }
         if (error <= finestGradient || (stalled >= 6 && error <= acceptedGradient)) {
-            if (isKnown(W)) return false;
-            keep(tm, W, total);
+            if (isKnown(trial.W)) return false;
+            keep(trial);
             return tm < unstableBelow;
         }
         stalled = error < 0.5 * smallest ? 0 : stalled + 1;
         smallest = std::min(smallest, error);
-        // Close to a known phase tm is the parabola of which that phase is the lowest point: 2 tm = slope.
-        const auto nears = [tm](double s) {
-            return s > 0 && tm > 0 && tm < 1e-3 && std::abs(2 * tm / s - 1) < 0.1;
-        };
-        if (steps >= 2 && (nears(slope) || (otherKnown_ && nears(otherSlope)))) return false;
+        if (trial.steps >= 1 && tm > 0 && tm < parabolaBelow &&
+            (nears(known_, trial) || (otherKnown_ && nears(*otherKnown_, trial))))
+            return false;
+        if (trial.steps >= 2 && isFound(trial.w)) return false;
 
-        if (steps >= 2 && isFound(w)) return false;
-
-        if (steps++ < substitutions) {
-            for (std::size_t i = 0; i < n_; ++i) direction[i] = -gradient[i];
-        } else {
-            const double gain = newton(W, gradient, total, direction);
-            double largest = 0;
-            for (std::size_t i = 0; i < n_; ++i) largest = std::max(largest, std::abs(direction[i]));
-            if (largest < 0.1 && gain < 0.1 * tm && !isKnown(W)) {  // a stationary point is near, above zero
-                keep(tm, W, total);
+        // A valley far above zero that substitution would creep along: Newton's method may end it here.
+        const bool flat = trial.steps >= 2 && error < 0.05 && tmBefore - tm < 0.01 * tm;
+        double gain = std::numeric_limits<double>::infinity();
+        if (flat || trial.steps >= substitutions) {
+            gain = newton(trial, direction);
+            const double largest = direction.abs().maxCoeff();
+            // A stationary point is near, above zero.
+            if (largest < 0.1 && gain < 0.1 * tm && !isKnown(trial.W)) {
+                keep(trial);
                 return false;
             }
         }
+        if (trial.steps++ < substitutions && !std::isfinite(gain)) direction = -trial.gradient;
         tmBefore = tm;
         length = 1;
-        before = lnW;
-        for (std::size_t i = 0; i < n_; ++i) lnW[i] += direction[i];
+        before = trial.lnW;
+        trial.lnW += direction;
     }
     throw PackageError(
         fmt::format("the stability test at T = {} K, P = {} Pa did not converge in {} steps: the "
@@ -174,20 +155,18 @@ bool StabilityTest::minimise(const CompoundArray& start) {
 // W_i. These are shifted where they are not positive definite, or where the step would leave the valley that
 // it is in: a leap to the next one is how a phase is missed. Returns by how much the quadratic model falls
 // along the step; infinity where it was shifted.
-double StabilityTest::newton(const CompoundArray& W, const CompoundArray& gradient, double total,
-                             CompoundArray& direction) {
+double StabilityTest::newton(const Trial& trial, Figures& direction) {
     const auto rows = static_cast<Eigen::Index>(n_);
     SmallMatrix second(rows, rows), factor(rows, rows);
-    SmallVector downhill(rows), step(rows);
-    curvature(W.data(), total, second);
-    CompoundArray root;
-    for (std::size_t i = 0; i < n_; ++i) {
-        root[i] = std::sqrt(W[i]);
-        downhill[static_cast<Eigen::Index>(i)] = -root[i] * gradient[i];
-    }
-    const double longest = std::sqrt(std::max(1.0, total));  // half of what all W together measure
+    const Figures root = trial.W.sqrt();
+    curvature(phase_, root, trial.total, second);
+    const SmallVector downhill = -root * trial.gradient;
+    SmallVector step(rows);
+    const double longest = std::sqrt(std::max(1.0, trial.total));  // half of what all W together measure
+    // Close to a saddle, where the gradient is small, a large shift would crawl.
+    const double first = std::clamp(10 * downhill.norm(), 1e-6, 0.1);
     double gain = 0, atLeast = 0;
-    for (double shift = 0;; shift = std::max({0.1, 3 * shift, atLeast})) {
+    for (double shift = 0;; shift = std::max({first, 3 * shift, atLeast})) {
         factor = second;
         factor.diagonal().array() += shift;
         if (!factorise(factor)) continue;
@@ -200,91 +179,67 @@ double StabilityTest::newton(const CompoundArray& W, const CompoundArray& gradie
         atLeast = shift + downhill.norm() * (1 / longest - 1 / size);
     }
     static constexpr double farthest = 5;  // the quadratic model says nothing beyond
-    const auto within = [](double change) { return std::clamp(change, -farthest, farthest); };
-    double slope = 0;
-    for (std::size_t i = 0; i < n_; ++i) {
-        direction[i] = within(step[static_cast<Eigen::Index>(i)] / root[i]);
-        slope += W[i] * gradient[i] * direction[i];
-    }
-    if (slope >= 0)  // cut off at the farthest, the step may lead uphill; successive substitution never does
-        for (std::size_t i = 0; i < n_; ++i) direction[i] = within(-gradient[i]);
+    direction = (step.array() / root).max(-farthest).min(farthest);
+    // Cut off at the farthest, the step may lead uphill; successive substitution never does.
+    if ((trial.W * trial.gradient * direction).sum() >= 0)
+        direction = (-trial.gradient).max(-farthest).min(farthest);
     return gain;
 }
 
-// Second derivatives of tm by 2 sqrt(W_i) at a stationary point, from the solved phase.
-void StabilityTest::curvature(const double* W, double total, SmallMatrix& out) const {
-    std::array<double, maxCompounds * maxCompounds> byAmount;
-    phase_.lnPhiByAmount(byAmount.data(), n_);
-    CompoundArray root;
-    for (std::size_t i = 0; i < n_; ++i) root[i] = std::sqrt(W[i]);
-    for (std::size_t j = 0; j < n_; ++j) {
-        double* column = &out(0, static_cast<Eigen::Index>(j));
-        const double factor = root[j] / total;
-        for (std::size_t i = 0; i < n_; ++i) column[i] = root[i] * factor * byAmount[j * n_ + i];
-        column[j] += 1;
+// Second derivatives of tm by 2 sqrt(W_i) at a stationary point, from the solved phase and sqrt(W_i).
+void StabilityTest::curvature(const CubicPhase& phase, const Figures& root, double total,
+                              SmallMatrix& out) const {
+    phase.lnPhiByAmount(out.data(), n_);
+    for (Eigen::Index j = 0; j < out.cols(); ++j) {
+        out.col(j).array() *= root * (root[j] / total);
+        out(j, j) += 1;
     }
 }
 
-bool StabilityTest::tryWilson(double sign) {
-    CompoundArray lnW;
-    wilsonRatios(isotherm_, pressure_, lnW.data());
-    for (std::size_t i = 0; i < n_; ++i) lnW[i] = std::log(known_[i]) + sign * lnW[i];
-    return minimise(lnW);
+bool StabilityTest::tryVapor(const double* lnK) {
+    return !gasKnown_ && minimise(lnComposition() + figures(lnK, n_));
 }
 
-bool StabilityTest::tryVapor() { return !gasKnown_ && tryWilson(1); }
-
-bool StabilityTest::tryLiquid() { return tryWilson(-1); }
+bool StabilityTest::tryLiquid(const double* lnK) { return minimise(lnComposition() - figures(lnK, n_)); }
 
 // Inside of the spinodal, and close to a critical point only there, the phase under test is no minimum of tm
 // but a saddle, from which the other starts may not have seen the way down.
 bool StabilityTest::tryCurvature() {
     const auto rows = static_cast<Eigen::Index>(n_);
     SmallMatrix second(rows, rows);
-    phase_.solve(isotherm_, pressure_, known_, Root::stable);
-    curvature(known_, 1, second);
+    const Figures root = figures(known_.composition, n_).sqrt();
+    curvature(known_.phase, root, 1, second);
     SmallMatrix factor = second;
     if (factorise(factor)) return false;
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> eigen(second);
     for (const double sign : {0.1, -0.1}) {
-        CompoundArray lnW;
-        for (std::size_t i = 0; i < n_; ++i) {
-            const double root = std::sqrt(known_[i]);
-            const double moved = sign * eigen.eigenvectors()(static_cast<Eigen::Index>(i), 0);
-            lnW[i] = 2 * std::log(std::max(root + moved, 0.1 * root));
-        }
-        if (minimise(lnW)) return true;
+        const Figures moved = root + sign * eigen.eigenvectors().col(0).array();
+        if (minimise(2 * moved.max(0.1 * root).log())) return true;
     }
     return false;
 }
 
-bool StabilityTest::tryIdealGas() {
-    if (gasKnown_) return false;
-    CompoundArray lnW;
-    std::copy_n(d_, n_, lnW.begin());
-    return minimise(lnW);
-}
+bool StabilityTest::tryIdealGas() { return !gasKnown_ && minimise(d_); }
 
 bool StabilityTest::tryComposition(const double* composition) {
-    CompoundArray lnW;
-    for (std::size_t i = 0; i < n_; ++i) lnW[i] = std::log(composition[i]);
-    return minimise(lnW);
+    return minimise(figures(composition, n_).log());
 }
 
 bool StabilityTest::tryPureCompounds() {
-    CompoundArray lnW;
+    Figures lnW(d_.size());
     // A phase half of which is the compound, with an activity coefficient of 2, has ln W_i = -1.4 here;
     // pressure adds its excess volume, taken to be no more than the covolume.
     constexpr double farAbove = -2;
     const double perCovolume = pressure_ / (gasConstant * isotherm_.temperature);
-    for (std::size_t i = 0; i < n_; ++i) {
+    while (nextPure_ < n_) {
+        const std::size_t i = nextPure_++;
         const DensePure alone(isotherm_, pressure_, i);
-        if (d_[i] - alone.lnPhi < farAbove - perCovolume * isotherm_.mixture.covolume[i] ||
+        if (d_[static_cast<Eigen::Index>(i)] - alone.lnPhi <
+                farAbove - perCovolume * isotherm_.mixture.covolume[i] ||
             (gasKnown_ && alone.reducedVolume > thinGas))
             continue;
         alone.infiniteDilution(lnW.data());
-        for (std::size_t j = 0; j < n_; ++j) lnW[j] = d_[j] - lnW[j];
-        if (minimise(lnW)) return true;
+        if (minimise(d_ - lnW)) return true;
     }
     return false;
 }

@@ -6,8 +6,11 @@
 #include "package/MixtureParameters.h"
 #include "package/PhasePair.h"
 
+#include <Eigen/Core>
+
 #include <cstddef>
 #include <limits>
+#include <optional>
 
 namespace orvane::package {
 
@@ -25,7 +28,7 @@ struct TrialPhase {
 ///     tm(W) = 1 + sum W_i (ln W_i + lnPhi_i(W) - d_i - 1),   d_i = ln z_i + lnPhi_i(z),
 /// is negative for some W if and only if the phase is not stable. It is minimised from the starts of the
 /// members try..., by successive substitution and then Newton's method, until it is negative, or so flat that
-/// it cannot become negative any more, or W has become z.
+/// it cannot become negative any more, or W is in the valley that leads to z.
 /// Source: M. L. Michelsen, Fluid Phase Equilib. 9 (1982) 1-19.
 class StabilityTest {
 public:
@@ -36,16 +39,21 @@ public:
     /// gases part at the densities of liquids only. Starts that lead to a gas are left out for it.
     static constexpr double thinGas = 8;
 
-    /// known, d: composition and tangent plane of the phase under test, n entries each, all fractions above
-    /// zero. otherKnown: a second phase in equilibrium with it, or null. All live longer than this, as does
-    /// isotherm. reducedVolume: of the phase, or the larger of both.
-    StabilityTest(const Isotherm& isotherm, double pressure, const double* d, double reducedVolume,
-                  const double* known, const double* otherKnown = nullptr);
+    /// A phase that is there already; both live longer than the test.
+    struct Known {
+        const double* composition;  ///< n entries, all above zero
+        const CubicPhase& phase;    ///< solved for the composition at the isotherm and pressure
+    };
 
-    /// From a vapour, or a liquid, in the ratios of Wilson's formula to the phase under test. True when
+    /// known, d: the phase under test and its tangent plane, n entries. otherKnown: a second phase in
+    /// equilibrium with it. d and the isotherm live longer than this.
+    StabilityTest(const Isotherm& isotherm, double pressure, const double* d, Known known,
+                  std::optional<Known> otherKnown = {});
+
+    /// From a vapour, or a liquid, in the ratios K of wilsonRatios() to the phase under test. True when
     /// unstable; then found() is the phase. So are the others.
-    bool tryVapor();
-    bool tryLiquid();
+    bool tryVapor(const double* lnK);
+    bool tryLiquid(const double* lnK);
 
     /// From the mixture as an ideal gas.
     bool tryIdealGas();
@@ -58,34 +66,40 @@ public:
     bool tryCurvature();
 
     /// From each compound as a dense phase of its own, unless its fugacity there is so far above the
-    /// mixture's that no phase could consist mostly of it.
+    /// mixture's that no phase could consist mostly of it. Stops at the first that is unstable; called again, it
+    /// goes on with the next.
     bool tryPureCompounds();
 
-    /// The phase of lowest tm so far, other than those known. Its distance is infinite when every start ended
-    /// in a known phase.
+    /// The last phase found that would form; without one that of lowest tm so far, other than those known. Its
+    /// distance is infinite when every start ended in a known phase.
     const TrialPhase& found() const { return found_; }
 
     int evaluations() const { return evaluations_; }
 
 private:
-    bool tryWilson(double sign);
-    bool minimise(const CompoundArray& start);
-    double newton(const CompoundArray& W, const CompoundArray& gradient, double total,
-                  CompoundArray& direction);
-    void curvature(const double* W, double total, SmallMatrix& out) const;
-    bool isKnown(const CompoundArray& W) const;
-    bool isFound(const CompoundArray& w) const;
-    void keep(double tm, const CompoundArray& W, double total);
+    /// One figure per compound, on which Eigen works two at a time.
+    using Figures = Eigen::Array<double, Eigen::Dynamic, 1, 0, maxCompounds, 1>;
+    struct Trial;
+
+    Figures lnComposition() const;
+    bool minimise(const Figures& start);
+    double newton(const Trial& trial, Figures& direction);
+    void curvature(const CubicPhase& phase, const Figures& root, double total, SmallMatrix& out) const;
+    bool isKnown(const Figures& W) const;
+    bool nears(const Known& known, const Trial& trial) const;
+    bool isFound(const Figures& w) const;
+    void keep(const Trial& trial);
 
     const Isotherm& isotherm_;
     double pressure_;
-    const double* d_;
-    bool gasKnown_;
-    const double* known_;
-    const double* otherKnown_;
+    Known known_;
+    std::optional<Known> otherKnown_;
     std::size_t n_;
+    Figures d_;
+    bool gasKnown_;
     CubicPhase phase_;
     TrialPhase found_;
+    std::size_t nextPure_ = 0;
     int evaluations_ = 0;
 };
 

@@ -45,7 +45,7 @@ bool TwoPhaseSplit::startFromTrial(const double* composition, double feedGibbs) 
             pair_.amounts.liquid[i] = feed_[i] - pair_.amounts.vapor[i];
         }
         evaluate();
-        if (pair_.gibbs < feedGibbs) return true;
+        if (pair_.gibbs < feedGibbs) return belowFeed_ = true;
     }
     return false;
 }
@@ -74,7 +74,9 @@ bool TwoPhaseSplit::newton(double& length) {
 
     const PhaseAmounts before = pair_.amounts;
     const double gibbsBefore = pair_.gibbs, errorBefore = pair_.error;
-    for (double shift = 0; shift < 1e3; shift = std::max(1e-3, 10 * shift)) {
+    // Close to a saddle, where the gradient is small, a large shift would crawl.
+    const double first = std::clamp(gradient.norm(), 1e-8, 1e-3);
+    for (double shift = 0; shift < 1e3; shift = std::max(first, 10 * shift)) {
         factor = second;
         factor.diagonal().array() += shift;
         if (!factorise(factor)) continue;
@@ -110,7 +112,7 @@ TwoPhaseSplit::Verdict TwoPhaseSplit::solve() {
         if (step < substitutions) {
             if (pair_.error <= finestError) return Verdict::twoPhases;
             if (substitute()) continue;
-            if (step == 0) return Verdict::onePhase;
+            if (step == 0 && !belowFeed_) return Verdict::onePhase;
         }
         double length = 0;
         const bool moved = newton(length);

@@ -51,6 +51,7 @@ private:
     const double* feed_;
     std::size_t n_;
     PhasePair pair_;
+    bool belowFeed_ = false;  // whether the start is known to have less Gibbs energy than one phase
     int evaluations_ = 0;
 };
 

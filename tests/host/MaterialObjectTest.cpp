@@ -284,11 +284,14 @@ TEST_CASE("Every property that is offered of a phase or two is calculated and re
             material.calculate({name}, phase);
             const bool plain = errorOf([&] { material.of(phase, name); }).empty();
             const bool perAmount = errorOf([&] { material.of(phase, name, "mass"); }).empty();
-            CHECK(plain != perAmount);  // it has a basis, or none
+            const bool ofMoles = errorOf([&] { material.of(phase, name, "mole"); }).empty();
+            CHECK(plain != ofMoles);  // it has a basis, or none
+            const bool byAmounts = name.find(".Dmol") != std::string::npos;
+            CHECK(perAmount == (ofMoles && !byAmounts));
             for (const double value : material.of(phase, name, plain ? "" : "mole"))
                 CHECK(std::isfinite(value));
             if (!perAmount) continue;
-            const double ratio = name == "density" ? 1 / weight : weight;
+            const double ratio = name.starts_with("density") ? 1 / weight : weight;
             CHECK(material.of(phase, name, "mass").at(0) * ratio ==
                   Approx(material.of(phase, name, "mole").at(0)));
         }
@@ -309,6 +312,42 @@ TEST_CASE("Every property that is offered of a phase or two is calculated and re
     const auto x = material.of("Liquid", "fraction", "mole");
     for (std::size_t i = 0; i < 3; ++i) CHECK(activity[i] == Approx(gamma[i] * x[i]));
     CHECK(gamma[2] == Approx(1).epsilon(0.1));  // the solvent, nearly pure
+}
+
+TEST_CASE("Derivatives of a phase are asked for by the property's name and what they are by") {
+    const TestMaterial material;
+    material.flash(feed, 300, 20e5);
+    CHECK(errorOf([&] { material.of("Vapor", "enthalpy.Dtemperature", "mole"); }).find("not calculated") !=
+          std::string::npos);
+    material.calculate({"Enthalpy.DTEMPERATURE", "heatCapacityCp", "fugacity.Dmoles", "fugacity"}, "Vapor");
+    CHECK(material.of("Vapor", "enthalpy.Dtemperature", "mole") ==
+          material.of("Vapor", "heatCapacityCp", "mole"));
+
+    // All compounds' fugacities by the first compound come first: of these its own alone rises with its amount.
+    const auto byMoles = material.of("Vapor", "fugacity.Dmoles");
+    REQUIRE(byMoles.size() == 9);
+    const auto fugacity = material.of("Vapor", "fugacity");
+    const auto x = material.of("Vapor", "fraction", "mole");
+    CHECK(byMoles[0] > 0);
+    CHECK(byMoles[1] == Approx(-fugacity[1]).epsilon(0.2));
+    for (std::size_t i = 0; i < 3; ++i) {
+        double sum = 0;
+        for (std::size_t j = 0; j < 3; ++j) sum += x[j] * byMoles[j * 3 + i];
+        CHECK(sum == Approx(0).scale(fugacity[i]).epsilon(1e-12));
+    }
+
+    for (const char* name : {"viscosity.Dtemperature", "density.Dmoles", "temperature.Dpressure"}) {
+        const auto refusal = errorOf([&] { material.calculate({name}, "Vapor"); });
+        CHECK(refusal.find(name) != std::string::npos);
+        CHECK(refusal.find("GetSinglePhasePropList") != std::string::npos);
+    }
+    CHECK(errorOf([&] { material.calculate({"enthalpy.Dvolume"}, "Vapor"); }).find("enthalpy.Dvolume") !=
+          std::string::npos);
+    material.calculate({"enthalpy.Dmoles"}, "Vapor");
+    CHECK(errorOf([&] { material.of("Vapor", "enthalpy.Dmoles", "mass"); }).find("takes 'mole'") !=
+          std::string::npos);
+    material.setOf("Vapor", "temperature", "", {310});
+    CHECK(!errorOf([&] { material.of("Vapor", "enthalpy.Dmoles", "mole"); }).empty());
 }
 
 TEST_CASE("A flash that the package does not have is refused and asks to be told so") {
