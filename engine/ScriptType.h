@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -36,7 +37,8 @@ PyRef createObject(PyTypeObject& type, Arguments&&... arguments) {
     auto* object = PyObject_New(PyObjectOf<Content>, &type);
     if (!object) throw PythonErrorSet();
     try {
-        std::construct_at(&object->content, std::forward<Arguments>(arguments)...);
+        // In braces, which make aggregates too, with every compiler.
+        ::new (static_cast<void*>(&object->content)) Content{std::forward<Arguments>(arguments)...};
     }
     catch (...) {
         PyObject_Free(object);

@@ -25,12 +25,13 @@ struct HostInterface : ICapeInterface {
     HostInterface() : ICapeInterface{{this, &table}} {}
     int references = 1;
 
-    static constexpr ICapeInterface::Table table = {
-        .addReference = [](void* me) { ++static_cast<HostInterface*>(me)->references; },
-        .release = [](void* me) { --static_cast<HostInterface*>(me)->references; },
-        .queryInterface = nullptr,
-        .getLastError = nullptr,
-    };
+    static const ICapeInterface::Table table;
+};
+const ICapeInterface::Table HostInterface::table = {
+    .addReference = [](void* me) { ++static_cast<HostInterface*>(me)->references; },
+    .release = [](void* me) { --static_cast<HostInterface*>(me)->references; },
+    .queryInterface = nullptr,
+    .getLastError = nullptr,
 };
 
 }  // namespace

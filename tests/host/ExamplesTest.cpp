@@ -99,9 +99,9 @@ Flows flows(const json& result, bool feeds) {
 
 void checkBalances(const json& result) {
     const Flows in = flows(result, true), out = flows(result, false);
-    for (const auto& [element, amount] : in.elements) {
-        CAPTURE(element);
-        CHECK(out.elements.at(element) == Approx(amount).epsilon(1e-9));
+    for (const auto& flow : in.elements) {
+        CAPTURE(flow.first);
+        CHECK(out.elements.at(flow.first) == Approx(flow.second).epsilon(1e-9));
     }
     double supplied = 0;
     for (const char* name : {"Heat Duty", "Power"})
@@ -176,8 +176,9 @@ TEST_CASE("The valve keeps the enthalpy, cools and makes entropy, and raises no 
 }
 
 TEST_CASE("Pump and compressor take up more than the ideal work, and the ideal work makes no entropy") {
-    for (const auto& [name, efficiency] : std::map<std::string, std::string>{
-             {"pump", "Efficiency"}, {"compressor", "Isentropic Efficiency"}}) {
+    for (const auto& row : std::map<std::string, std::string>{{"pump", "Efficiency"},
+                                                              {"compressor", "Isentropic Efficiency"}}) {
+        const std::string &name = row.first, &efficiency = row.second;
         CAPTURE(name);
         const json real = runExample(name), ideal = runExample(name, {efficiency + "=1"});
         CHECK(parameter(real, "Power") * parameter(real, efficiency) ==

@@ -190,9 +190,11 @@ TEST_CASE(
         const bool onePhase = start.phases.size() == 1;
         const bool liquid = onePhase && start.phases[0].kind == PhaseKind::liquid;
         using Value = double (*)(const Model&, const Equilibrium&);
-        for (const auto& [quantity, value] : {std::pair<Quantity, Value>{Quantity::enthalpy, enthalpy},
-                                              {Quantity::entropy, entropy},
-                                              {Quantity::volume, volume}}) {
+        for (const auto& row : {std::pair<Quantity, Value>{Quantity::enthalpy, enthalpy},
+                                {Quantity::entropy, entropy},
+                                {Quantity::volume, volume}}) {
+            const auto& quantity = row.first;
+            const auto& value = row.second;
             const Target target{quantity, value(*model, start)};
             CAPTURE(count);
             CAPTURE(T);
@@ -221,14 +223,14 @@ TEST_CASE("A pure compound on its saturation line takes every pair of conditions
         const auto start = model->atTemperature(280, {Quantity::vaporFraction, 0.3}, one);
         CHECK(imbalance(*model, start) < 1e-10);
         const double P = start.pressure;
-        const std::pair<Quantity, double> targets[] = {{Quantity::enthalpy, enthalpy(*model, start)},
-                                                       {Quantity::entropy, entropy(*model, start)},
-                                                       {Quantity::volume, volume(*model, start)},
-                                                       {Quantity::vaporFraction, 0.3}};
-        for (const auto& [quantity, value] : targets) {
-            CAPTURE(std::string(describe(quantity)));
-            for (const auto& result : {model->atPressure(P, {quantity, value}, one),
-                                       model->atTemperature(280, {quantity, value}, one)}) {
+        const Target targets[] = {{Quantity::enthalpy, enthalpy(*model, start)},
+                                  {Quantity::entropy, entropy(*model, start)},
+                                  {Quantity::volume, volume(*model, start)},
+                                  {Quantity::vaporFraction, 0.3}};
+        for (const Target& target : targets) {
+            CAPTURE(std::string(describe(target.quantity)));
+            for (const auto& result :
+                 {model->atPressure(P, target, one), model->atTemperature(280, target, one)}) {
                 CHECK(result.temperature == doctest::Approx(280).epsilon(1e-9));
                 CHECK(result.pressure == doctest::Approx(P).epsilon(1e-9));
                 CHECK(result.vaporFraction == doctest::Approx(0.3).epsilon(1e-7));

@@ -177,7 +177,10 @@ TEST_CASE("The roots solve the pressure equation and stand in their order") {
 TEST_CASE("Analytic derivatives of lnPhi agree with differences") {
     const auto equation = fluid();
     const std::size_t n = equation.size();
-    for (const auto& [T, P, x, root] : states) {
+    for (const State& state : states) {
+        const double T = state.temperature, P = state.pressure;
+        const Fractions& x = state.x;
+        const Root root = state.root;
         CAPTURE(T);
         CAPTURE(P);
         const auto byT = equation.lnPhiByTemperature(T, P, x, root);
@@ -215,7 +218,10 @@ TEST_CASE("Analytic derivatives of lnPhi agree with differences") {
 
 TEST_CASE("Volume and departures follow from lnPhi") {
     const auto equation = fluid();
-    for (const auto& [T, P, x, root] : states) {
+    for (const State& state : states) {
+        const double T = state.temperature, P = state.pressure;
+        const Fractions& x = state.x;
+        const Root root = state.root;
         CAPTURE(T);
         CAPTURE(P);
         const auto departure = equation.departure(T, P, x, root);

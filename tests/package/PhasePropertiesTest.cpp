@@ -61,7 +61,9 @@ TEST_CASE("Ideal gas enthalpies agree with tables") {
 TEST_CASE("The energies and their derivatives are tied together") {
     const auto equation = naturalGas();
     const auto& x = naturalGasFeed;
-    for (const auto& [T, P, root] : states) {
+    for (const State& state : states) {
+        const double T = state.temperature, P = state.pressure;
+        const Root root = state.root;
         CAPTURE(T);
         CAPTURE(P);
         const auto at = [&](double t, double p) { return PhaseProperties(equation, t, p, x, root); };
@@ -100,7 +102,9 @@ TEST_CASE("The energies and their derivatives are tied together") {
 
 TEST_CASE("The Gibbs energy is the sum of the fugacities' chemical potentials") {
     const auto equation = naturalGas();
-    for (const auto& [T, P, root] : states) {
+    for (const State& state : states) {
+        const double T = state.temperature, P = state.pressure;
+        const Root root = state.root;
         const PhaseProperties phase(equation, T, P, naturalGasFeed, root);
         const auto fugacity = phase.fugacity();
         double gibbs = 0;

@@ -37,12 +37,12 @@ TEST_CASE("Scripts compose dimensions of the base units") {
     };
     Script script;
     CHECK(script.error("globals().update({n: v for n, v in vars(Dimension).items() if n.isupper()})") == "");
-    for (const auto& [expression, exponents, unit] : rows) {
-        CAPTURE(expression);
-        const PyRef dimension = script.eval(expression);
+    for (const Row& row : rows) {
+        CAPTURE(row.expression);
+        const PyRef dimension = script.eval(row.expression);
         REQUIRE(dimensionExponents(dimension.get()));
-        CHECK(*dimensionExponents(dimension.get()) == exponents);
-        CHECK(unitText(exponents) == unit);
+        CHECK(*dimensionExponents(dimension.get()) == row.exponents);
+        CHECK(unitText(row.exponents) == row.unit);
     }
     CHECK_MESSAGE(*dimensionExponents(script.eval("METER").get()) == std::vector<double>{1},
                   "operands stay whole");

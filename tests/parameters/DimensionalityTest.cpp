@@ -78,10 +78,11 @@ TEST_CASE("Dimensionalities agree when nothing but zeros and rounding sets them 
         {{1, 2}, {2, 1}, false},
         {{-1, 1, -2}, {-1, 1, -2, 0, 0, 0, 0, 0, 1}, false},  // pressure, and difference of pressures
     };
-    for (const auto& [a, b, same] : rows) {
+    for (const Row& row : rows) {
+        const auto &a = row.a, &b = row.b;
         CAPTURE(unitText(a));
         CAPTURE(unitText(b));
-        CHECK(sameDimensionality(a, b) == same);
-        CHECK(sameDimensionality(b, a) == same);
+        CHECK(sameDimensionality(a, b) == row.same);
+        CHECK(sameDimensionality(b, a) == row.same);
     }
 }

@@ -78,14 +78,14 @@ TEST_CASE("A script writes outputs by the rules of inputs") {
     Script script;
     CHECK(script.error("class Failing:\n    def __float__(self): raise ZeroDivisionError('on the way')") ==
           "");
-    for (const auto& [declaration, statement, error, value] : rows) {
-        CAPTURE(statement);
+    for (const Row& row : rows) {
+        CAPTURE(row.statement);
         CountingOwner owner;
-        const auto parameter = makeParameter(owner, declaration);
+        const auto parameter = makeParameter(owner, row.declaration);
         script.put("p", makeParameterObject(parameter));
-        CHECK(script.error(statement) == error);
-        CHECK(script.repr("p.value") == value);
-        const bool succeeded = *error == '\0';
+        CHECK(script.error(row.statement) == row.error);
+        CHECK(script.repr("p.value") == row.value);
+        const bool succeeded = *row.error == '\0';
         CHECK(parameter->isValueGiven() == succeeded);
         CHECK(owner.heard() == (succeeded ? 1 : 0));
         CHECK(!parameter->isInput());

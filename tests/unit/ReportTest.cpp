@@ -77,10 +77,11 @@ TEST_CASE("A unit lists the calculation report between its reports and its image
     CHECK(generate(plain, "Last Calculation") == "");
     TestHost host(reporting);
     CHECK(list<&Table::getReportNames>(host) == Texts{"Größe", "Same", "Last Calculation", "Pic"});
-    for (const auto& [name, type] : {std::pair{"GRÖßE", "text/plain"},
-                                     {"last calculation", "text/plain"},
-                                     {"LAST CALCULATION", "text/plain"},
-                                     {"pIC", "image/png"}}) {
+    for (const auto& row : {std::pair{"GRÖßE", "text/plain"},
+                            {"last calculation", "text/plain"},
+                            {"LAST CALCULATION", "text/plain"},
+                            {"pIC", "image/png"}}) {
+        const char *const name = row.first, *const type = row.second;
         CAPTURE(name);
         CHECK(list<&Table::ReportTypes>(host, name) == Texts{type});
         CHECK(list<&Table::ReportLocales>(host, name, COBIA::upperCase(type)) == Texts{"eng"});
