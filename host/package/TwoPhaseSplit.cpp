@@ -53,9 +53,15 @@ bool TwoPhaseSplit::startFromTrial(const double* composition, double feedGibbs) 
 bool TwoPhaseSplit::substitute() {
     CompoundArray lnK;
     for (std::size_t i = 0; i < n_; ++i) lnK[i] = pair_.liquid.lnPhi[i] - pair_.vapor.lnPhi[i];
+    const PhaseAmounts before = pair_.amounts;
+    const double gibbsBefore = pair_.gibbs;
     if (!rachfordRice(n_, feed_, lnK.data(), pair_.amounts)) return false;
     evaluate();
-    return true;
+    // What is below one phase already must not climb back to it.
+    if (!belowFeed_ || pair_.gibbs <= gibbsBefore + rounding(gibbsBefore)) return true;
+    pair_.amounts = before;
+    evaluate();
+    return false;
 }
 
 // One step of Newton's method. False, without a step, when no length of it lowers the Gibbs energy. `length`:

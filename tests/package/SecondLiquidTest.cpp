@@ -114,6 +114,13 @@ TEST_CASE("Where a phase begins or two become alike, the flash still comes to it
          559.6439233271883,
          11426270.026808191,
          0.740216},
+        // Far from stable: substitution from the first sign of a second phase leads back to one.
+        {{"water", "propane", "benzene", "n-decane", "methane"},
+         {0.245638578091703, 0.70896814485863802, 0.01166043850107777, 0.033732834532507444,
+          4.0160736093835787e-09},
+         306.69817681558936,
+         723591.58413367241,
+         0.758924},
         // A phase would form, but of less than rounding leaves of the feed.
         {{"oxygen", "phenol"},
          {0.99999999990112842, 9.8871658594998812e-11},
