@@ -17,8 +17,10 @@ double sum(const Model& model, const Equilibrium& equilibrium, double (PhaseProp
     double total = 0;
     for (const auto& phase : equilibrium.phases) {
         if (phase.fraction == 0) continue;
+        // Of two liquids one has the place of the vapour, but is none.
+        const PhaseKind kind = equilibrium.refusal.empty() ? phase.kind : PhaseKind::liquid;
         const auto properties =
-            model.properties(phase.kind, equilibrium.temperature, equilibrium.pressure, phase.composition);
+            model.properties(kind, equilibrium.temperature, equilibrium.pressure, phase.composition);
         total += phase.fraction * (properties.*property)();
     }
     return total;

@@ -174,7 +174,22 @@ Equilibrium PengRobinsonModel::atTemperature(double temperature, Target target,
 Equilibrium PengRobinsonModel::caloric(double pressure, Target target, std::span<const double> feed) const {
     const Present present(equation_, feed);
     CaloricFlash flash(present.mixture(), pressure, present.feed(), target);
-    flash.run();
+    try {
+        flash.run();
+    }
+    catch (const PackageError&) {
+        // A compound with traces of others boils within rounding; phases at one state after the other find even that.
+        try {
+            return TargetSearch(*this, Variable::pressure, pressure, target, feed).run();
+        }
+        catch (const LiquidLiquidSplit&) {
+            throw;
+        }
+        catch (const PackageError&) {
+            // What the faster solver says is closer to the matter.
+        }
+        throw;
+    }
     auto result = flash.twoPhases()
                       ? present.twoPhases(flash.temperature(), pressure, flash.pair())
                       : present.onePhase(flash.temperature(), pressure, flash.phases().singleKind());

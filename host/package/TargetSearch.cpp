@@ -153,22 +153,105 @@ Equilibrium TargetSearch::run() {
         Point middle = point(std::sqrt(low.at * high.at));
         (((middle.difference < 0) == (low.difference < 0)) ? low : high) = std::move(middle);
     }
-    if (low.difference != 0 && high.difference != 0) {
-        const auto difference = [this](double unknown) { return point(unknown).difference; };
-        std::uintmax_t steps = 300;
-        double a = low.at, b = high.at, fa = low.difference, fb = high.difference;
-        if (a > b) {
-            std::swap(a, b);
-            std::swap(fa, fb);
+    constexpr int maxJumps = 20;
+    for (int jump = 0;; ++jump) {
+        Point before = low, behind = high;
+        if (before.at > behind.at) std::swap(before, behind);
+        narrow(low, high);
+        Point& best = std::abs(low.difference) < std::abs(high.difference) ? low : high;
+        if (std::abs(best.difference) <= accepted) return finished(std::move(best));
+        const bool otherWay = (low.difference < 0) != (before.difference < 0);
+        if (!otherWay || jump == maxJumps) {
+            const double at = low.at;
+            try {
+                return across(low, high);
+            }
+            catch (const PackageError&) {
+                if (auto elsewhere = complete(before, behind, at)) return *elsewhere;
+                throw;
+            }
         }
-        const auto found = boost::math::tools::toms748_solve(
-            difference, a, b, fa, fb, boost::math::tools::eps_tolerance<double>(52), steps);
-        low = point(found.first);
-        high = point(found.second);
+        // A jump the other way, where a second liquid comes or goes, has states with the target on both sides.
+        if (given_ == Variable::pressure) {
+            low = std::move(high);
+            high = std::move(behind);
+        } else {
+            high = std::move(low);
+            low = std::move(before);
+        }
     }
-    Point& best = std::abs(low.difference) < std::abs(high.difference) ? low : high;
-    if (std::abs(best.difference) <= accepted) return finished(std::move(best));
-    return across(low, high);
+}
+
+// Where a second liquid is left out the value is not that of all phases, and may pass the target once more than it should. A
+// state with the target from which nothing is left out is then the answer; in steps from that end of the bracket which
+// is farther from second liquids.
+std::optional<Equilibrium> TargetSearch::complete(const Point& before, const Point& behind, double jump) {
+    constexpr int steps = 64;
+    const bool down = given_ == Variable::pressure;
+    Point last = down ? behind : before;
+    const double factor = std::pow(jump / last.at, 1.0 / steps);
+    for (int step = 1; step < steps; ++step) {
+        Point here = point(last.at * factor);
+        if ((here.difference < 0) != (last.difference < 0)) {
+            Point low = here, high = last;
+            narrow(low, high);
+            Point& best = std::abs(low.difference) < std::abs(high.difference) ? low : high;
+            if (std::abs(best.difference) <= accepted && best.phases.warnings.empty())
+                return finished(std::move(best));
+        }
+        last = std::move(here);
+    }
+    return std::nullopt;
+}
+
+// Shrinks the bracket to neighbouring numbers, in rising order.
+void TargetSearch::narrow(Point& low, Point& high) {
+    if (low.difference == 0 || high.difference == 0) return;
+    const auto difference = [this](double unknown) { return point(unknown).difference; };
+    std::uintmax_t steps = 300;
+    double a = low.at, b = high.at, fa = low.difference, fb = high.difference;
+    if (a > b) {
+        std::swap(a, b);
+        std::swap(fa, fb);
+    }
+    const auto found = boost::math::tools::toms748_solve(
+        difference, a, b, fa, fb, boost::math::tools::eps_tolerance<double>(52), steps);
+    low = point(found.first);
+    high = point(found.second);
+}
+
+// Compounds of which there is too little to set the two sides apart still prefer one of the phases; and the proportion
+// that then gives the target.
+void TargetSearch::distribute(Equilibrium& result) const {
+    PhaseResult &vapor = result.phases[0], &liquid = result.phases[1];
+    const auto alone = [&](const PhaseResult& phase) {
+        Equilibrium one = result;
+        one.phases = {phase};
+        one.phases[0].fraction = 1;
+        one.vaporFraction = phase.kind == PhaseKind::vapor ? 1 : 0;
+        return value(one);
+    };
+    constexpr int rounds = 5;
+    for (int round = 0; round < rounds; ++round) {
+        const auto inVapor =
+            model_.lnPhi(PhaseKind::vapor, result.temperature, result.pressure, vapor.composition);
+        const auto inLiquid =
+            model_.lnPhi(PhaseKind::liquid, result.temperature, result.pressure, liquid.composition);
+        double sumVapor = 0, sumLiquid = 0;
+        for (std::size_t i = 0; i < feed_.size(); ++i) {
+            const double K = std::exp(inLiquid[i] - inVapor[i]);
+            sumLiquid += liquid.composition[i] = feed_[i] / (liquid.fraction + vapor.fraction * K);
+            sumVapor += vapor.composition[i] = K * liquid.composition[i];
+        }
+        for (double& y : vapor.composition) y /= sumVapor;
+        for (double& x : liquid.composition) x /= sumLiquid;
+        const double off = value(result) - target_.value;
+        if (std::abs(off) <= aimed * scale(target_, result.temperature)) return;
+        const double next = vapor.fraction - off / (alone(vapor) - alone(liquid));
+        if (!(next > 0 && next < 1)) return;
+        result.vaporFraction = vapor.fraction = next;
+        liquid.fraction = 1 - next;
+    }
 }
 
 // Between two neighbouring values of the unknown between which the target jumps.
@@ -202,6 +285,8 @@ Equilibrium TargetSearch::across(const Point& low, const Point& high) {
     // All phases on both sides must be the same two.
     bool same = result.phases.size() == 2 && low.phases.refusal.empty() && high.phases.refusal.empty();
     if (same) {
+        result.vaporFraction = result.phases[0].fraction;
+        distribute(result);
         const auto inVapor = lnFugacity(result.phases[0]), inLiquid = lnFugacity(result.phases[1]);
         for (std::size_t i = 0; i < feed_.size(); ++i)
             same = same && (feed_[i] == 0 || std::abs(inVapor[i] - inLiquid[i]) <= boiling);
@@ -215,7 +300,6 @@ Equilibrium TargetSearch::across(const Point& low, const Point& high) {
                 ", but only in name: one phase there is called a liquid on one side and a vapour on the other");
     }
     if (!same) fail(jump + ", where a second liquid forms, which the package cannot express");
-    result.vaporFraction = result.phases[0].fraction;
     if (!(std::abs(value(result) - target_.value) <= accepted * scale(target_, result.temperature)))
         fail(jump + ", and the phases that it jumps to do not have it together");
     return result;

@@ -5,6 +5,7 @@
 #include "package/Model.h"
 #include "package/Target.h"
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -39,6 +40,9 @@ private:
     bool enclosePressure(Point& low, Point& high);
     bool encloseAtMinimum(const Point& left, const Point& middle, const Point& right, Point& low,
                           Point& high);
+    std::optional<Equilibrium> complete(const Point& before, const Point& behind, double jump);
+    void narrow(Point& low, Point& high);
+    void distribute(Equilibrium& result) const;
     Equilibrium finished(Point point) const;
     Equilibrium across(const Point& low, const Point& high);
     [[noreturn]] void fail(const std::string& why) const;
