@@ -220,18 +220,22 @@ void TargetSearch::narrow(Point& low, Point& high) {
     high = point(found.second);
 }
 
-// Compounds of which there is too little to set the two sides apart still prefer one of the phases; and the proportion
-// that then gives the target.
+// Compounds of which there is too little to set the two sides apart still prefer one of the phases; the proportion that
+// then gives the target; and, a little beside the jump, the unknown at which the phases are in equilibrium.
 void TargetSearch::distribute(Equilibrium& result) const {
+    constexpr double R = gasConstant;
+    constexpr int rounds = 30;
+    constexpr double farthest = 1e-5;  // from the jump, relative
     PhaseResult &vapor = result.phases[0], &liquid = result.phases[1];
+    double& unknown = given_ == Variable::pressure ? result.temperature : result.pressure;
+    const double jump = unknown;
     const auto alone = [&](const PhaseResult& phase) {
         Equilibrium one = result;
         one.phases = {phase};
         one.phases[0].fraction = 1;
         one.vaporFraction = phase.kind == PhaseKind::vapor ? 1 : 0;
-        return value(one);
+        return one;
     };
-    constexpr int rounds = 5;
     for (int round = 0; round < rounds; ++round) {
         const auto inVapor =
             model_.lnPhi(PhaseKind::vapor, result.temperature, result.pressure, vapor.composition);
@@ -245,9 +249,19 @@ void TargetSearch::distribute(Equilibrium& result) const {
         }
         for (double& y : vapor.composition) y /= sumVapor;
         for (double& x : liquid.composition) x /= sumLiquid;
+
+        // By Clausius and Clapeyron.
+        const double T = result.temperature, excess = std::log(sumVapor / sumLiquid);
+        const Equilibrium gas = alone(vapor), dense = alone(liquid);
+        const double change = given_ == Variable::temperature
+                                  ? R * T * excess / (volume(model_, gas) - volume(model_, dense))
+                                  : -R * T * T * excess / (enthalpy(model_, gas) - enthalpy(model_, dense));
+        if (!(std::abs(unknown + change - jump) <= farthest * jump)) return;
+        unknown += change;
+
         const double off = value(result) - target_.value;
-        if (std::abs(off) <= aimed * scale(target_, result.temperature)) return;
-        const double next = vapor.fraction - off / (alone(vapor) - alone(liquid));
+        if (std::abs(off) <= aimed * scale(target_, T) && std::abs(excess) <= 1e-13) return;
+        const double next = vapor.fraction - off / (value(gas) - value(dense));
         if (!(next > 0 && next < 1)) return;
         result.vaporFraction = vapor.fraction = next;
         liquid.fraction = 1 - next;
@@ -286,7 +300,7 @@ Equilibrium TargetSearch::across(const Point& low, const Point& high) {
     bool same = result.phases.size() == 2 && low.phases.refusal.empty() && high.phases.refusal.empty();
     if (same) {
         result.vaporFraction = result.phases[0].fraction;
-        distribute(result);
+        if (low.phases.warnings.empty() && high.phases.warnings.empty()) distribute(result);
         const auto inVapor = lnFugacity(result.phases[0]), inLiquid = lnFugacity(result.phases[1]);
         for (std::size_t i = 0; i < feed_.size(); ++i)
             same = same && (feed_[i] == 0 || std::abs(inVapor[i] - inLiquid[i]) <= boiling);

@@ -11,11 +11,11 @@
 
 namespace orvane::package {
 
-/// The temperature or pressure at which one mole of feed has an enthalpy, entropy or volume, or a vapour fraction between 0 and 1.
-/// The unknown is
-/// followed from a start until two values enclose the target, the bracket shrinks to neighbouring numbers, and
-/// where the target lies in a jump between them (a pure compound or an azeotrope boils there, a mixture may do so
-/// within rounding) the phases on both sides are taken in the proportion that gives it.
+/// The temperature or pressure at which one mole of feed has an enthalpy, entropy or volume, or a vapour fraction between
+/// 0 and 1. The unknown is followed from a start until two values enclose the target, the bracket shrinks to
+/// neighbouring numbers, and where the target lies in a jump between them (a pure compound or an azeotrope boils there, a
+/// mixture may do so within rounding) the phases on both sides are taken in the proportion that gives it, with the traces
+/// between them in equilibrium. A jump where a second liquid is left out is no answer, but the bracket may hold one beside it.
 class TargetSearch {
 public:
     /// All arguments are checked, and live longer than this.

@@ -32,6 +32,8 @@ TEST_CASE("A compound with traces of others boils within rounding, whatever is a
          {2.5e-12, 4.4e-9, 3.3e-11, 1 - 4.4e-9},
          316,
          .3},
+        {mixtureOf({"methane", "n-butane"}), {1 - 7.5e-9, 7.5e-9}, 95.5, .8},
+        {mixtureOf({"ethanol", "water"}), {.648688108943, .351311891057}, 486.06, .3},  // an azeotrope
     };
     for (const auto& row : rows) {
         const PengRobinsonModel model(row.equation);
