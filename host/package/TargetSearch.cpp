@@ -275,6 +275,7 @@ Equilibrium TargetSearch::across(const Point& low, const Point& high) {
     result.iterations = evaluations_;
     result.temperature = low.phases.temperature;
     result.pressure = low.phases.pressure;
+    result.warnings = low.phases.warnings.empty() ? high.phases.warnings : low.phases.warnings;
     for (const PhaseKind kind : {PhaseKind::vapor, PhaseKind::liquid}) {
         PhaseResult phase{kind, 0, std::vector<double>(feed_.size())};
         for (const auto* side : {&low, &high})
